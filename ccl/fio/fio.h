@@ -1,0 +1,16 @@
+/// @file
+/// All public headers of the library.
+
+#ifndef CCL_FIO_FIO_H
+#define CCL_FIO_FIO_H
+
+#include "ccl/fio/fio_clsid.h"
+#include "ccl/fio/fio_extension_type_info.h"
+#include "ccl/fio/fio_file_ext_type_info.h"
+#include "ccl/fio/fio_file_sys.h"
+#include "ccl/fio/fio_file_type_info.h"
+#include "ccl/fio/fio_find.h"
+#include "ccl/fio/fio_path.h"
+#include "ccl/fio/fio_types.h"
+
+#endif

@@ -1,0 +1,39 @@
+/// @file
+/// `FIO_EXTENSION_TYPE_INFO`: the queries on extension types as one class, with texts as strings.
+///
+/// Each member answers exactly what the function of the same name in `fio_file_ext_type_info.h` answers; its failures
+/// and thread safety are told there.
+
+#ifndef CCL_FIO_FIO_EXTENSION_TYPE_INFO_H
+#define CCL_FIO_FIO_EXTENSION_TYPE_INFO_H
+
+#include <list>
+#include <string>
+
+#include "ccl/fio/fio_export.h"
+#include "ccl/fio/fio_types.h"
+
+/// The queries on extension types. Not instantiated.
+class FIO_EXTENSION_TYPE_INFO {
+public:
+  FIO_EXTENSION_TYPE_INFO() = delete;
+
+  /// `fio_get_extension_type_list`. The last argument is ignored: there is no filter by traits.
+  FIO_EXPORT static void get_extension_type_list(std::list<FIO_EXTENSION_TYPE>* extension_list,
+                                                 FIO_EXTENSION_TYPE extension_type, FIO_FILE_TYPE file_type,
+                                                 long ignored);
+
+  /// `fio_get_default_extension_type`
+  FIO_EXPORT static FIO_EXTENSION_TYPE get_default_extension_type(FIO_FILE_TYPE file_type);
+
+  /// `fio_get_extension_string`
+  FIO_EXPORT static std::string get_extension_string(FIO_EXTENSION_TYPE extension_type);
+
+  /// `fio_get_extension_type`
+  FIO_EXPORT static FIO_EXTENSION_TYPE get_extension_type(std::string const& name);
+
+  /// `fio_get_file_type` by extension type
+  FIO_EXPORT static FIO_FILE_TYPE get_file_type(FIO_EXTENSION_TYPE extension_type);
+};
+
+#endif

@@ -1,0 +1,127 @@
+/// @file
+/// Questions to the vocabulary of files: from a name to its extension and type, from a type to its texts, editor and
+/// traits, from a class identifier to a type, and the lists of types and extensions that pass a filter.
+///
+///     fio_get_file_type("rtl/Top.VHD")                        => FIO_FILE_TYPE_VHDL_FILE
+///     fio_get_file_type_name(FIO_FILE_TYPE_VHDL_FILE)         => "VHDL File"
+///     fio_get_default_extension_string(FIO_FILE_TYPE_VHDL_FILE) => ".vhd"
+///
+/// Only names are looked at, never the disk. Several file types may share an extension; the type for which it is the
+/// default one comes first, and then the order of the vocabulary decides.
+///
+/// @par Failure
+/// An unknown value is no failure: each query has a neutral answer for it. A null list is a mistake of the caller and
+/// goes to `err_report_internal_error`, which does not return.
+///
+/// @par Thread safety
+/// All queries read constant data and may be used from any thread, and from static constructors. C-strings point into
+/// that data and are never freed. A list belongs to its caller.
+///
+/// @par Complexity
+/// At most one walk over the vocabulary (298 extension rows or 246 file types). The queries by name build one short
+/// text, the list queries their elements; nothing else allocates.
+
+#ifndef CCL_FIO_FIO_FILE_EXT_TYPE_INFO_H
+#define CCL_FIO_FIO_FILE_EXT_TYPE_INFO_H
+
+#include <list>
+#include <string>
+
+#include "ccl/fio/fio_clsid.h"
+#include "ccl/fio/fio_export.h"
+#include "ccl/fio/fio_types.h"
+
+/// An empty text: what the queries that answer a C-string answer for an unknown value. Not to be changed.
+extern FIO_EXPORT char const* fio_empty_result_value;
+
+/// @name By file type
+/// @{
+
+/// The name that people see, such as "VHDL File"; empty for an unknown type.
+FIO_EXPORT char const* fio_get_file_type_name(FIO_FILE_TYPE file_type);
+
+/// "Other" for a type with the trait `FIO_FILE_TYPE_FLAG_OTHER_FILES`, otherwise its name.
+FIO_EXPORT char const* fio_get_file_description(FIO_FILE_TYPE file_type);
+
+/// The editor that opens files of the type; none for an unknown type.
+FIO_EXPORT FIO_EDITOR_TYPE fio_get_editor_type(FIO_FILE_TYPE file_type);
+
+/// Whether the type has any of the traits in `flag`; false for an unknown type.
+FIO_EXPORT bool fio_test_trait_of(FIO_FILE_TYPE file_type, FIO_FILE_TYPE_FLAG flag);
+
+/// The extension that a new file of the type is given: the first one marked as default, or
+/// `FIO_EXTENSION_TYPE_INVALID` if there is none.
+FIO_EXPORT FIO_EXTENSION_TYPE fio_get_default_extension_type(FIO_FILE_TYPE file_type);
+
+/// The text of that extension with its dot; "." if there is none.
+FIO_EXPORT char const* fio_get_default_extension_string(FIO_FILE_TYPE file_type);
+/// @}
+
+/// @name By extension type
+/// @{
+
+/// The text with its leading dot: ".vhd", and "." for `FIO_EXTENSION_TYPE_INVALID`; empty for an unknown value.
+FIO_EXPORT char const* fio_get_extension_string(FIO_EXTENSION_TYPE extension_type);
+
+/// The file type that the extension stands for: the first one of which it is the default extension, otherwise the
+/// first one that uses it, otherwise `FIO_FILE_TYPE_INVALID`.
+///
+///     FIO_EXTENSION_TYPE_V      => FIO_FILE_TYPE_VERILOG_HDL_FILE, of three types
+///     FIO_EXTENSION_TYPE_HTML   => FIO_FILE_TYPE_HTML_FILE, though not its default
+FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type);
+/// @}
+
+/// @name By name or identifier
+/// @{
+
+/// The extension type of a path, a file name or a bare extension, whatever the case of its letters;
+/// `FIO_EXTENSION_TYPE_INVALID` if it has none that is known.
+///
+///     "a.VHD", "/x/y.vhd", ".vhd", "vhd"   => FIO_EXTENSION_TYPE_VHD
+///     "top.csf.rpt"                        => FIO_EXTENSION_TYPE_RPT: only what stands behind the last dot counts
+///     "foo", "foo.", "dir/vhd", ""         => FIO_EXTENSION_TYPE_INVALID
+///
+/// Of two types with one text the lower one is the answer. The texts with two dots or with capital letters cannot be
+/// reached by name.
+FIO_EXPORT FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name);
+
+/// The file type of that extension type.
+FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(std::string const& name);
+
+/// The first file type of a document class; `FIO_FILE_TYPE_INVALID` if no type has it.
+///
+///     VFC_CLSID_TED_DEFAULT_DOC   => FIO_FILE_TYPE_TEXT_FILE, of six types
+///     FIO_CLSID_NULL              => FIO_FILE_TYPE_IMAGE_FILE: the first type without a class, the invalid one aside
+FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(_GUID const& clsid);
+/// @}
+
+/// @name Texts of editors and traits
+/// The text of exactly this value. Unlike the other queries these answer null for a value that has none, such as a
+/// combination of bits.
+/// @{
+FIO_EXPORT char const* fio_get_editor_type_string(FIO_EDITOR_TYPE editor_type);
+FIO_EXPORT char const* fio_get_file_type_trait_string(FIO_FILE_TYPE_FLAG trait);
+FIO_EXPORT char const* fio_get_extension_type_trait_string(FIO_EXTENSION_TYPE_FLAG trait);
+/// @}
+
+/// @name Lists
+/// Each appends to the list, in the order of the vocabulary, with repetitions, and clears nothing.
+/// @{
+
+/// The extension types of all rows with this extension type (`FIO_EXTENSION_TYPE_ANY` for any) and this file type
+/// (`FIO_FILE_TYPE_ANY` for any).
+FIO_EXPORT void fio_get_extension_type_list(std::list<FIO_EXTENSION_TYPE>* extension_list,
+                                            FIO_EXTENSION_TYPE extension_type, FIO_FILE_TYPE file_type);
+
+/// The file types with this value (`FIO_FILE_TYPE_ANY` for any), exactly this editor (`FIO_EDITOR_TYPE_ALL_FILES` for
+/// any) and any of these traits (-1 for any, none included; 0 passes nothing).
+FIO_EXPORT void fio_get_file_type_list(std::list<FIO_FILE_TYPE>* file_type_list, FIO_FILE_TYPE file_type,
+                                       FIO_EDITOR_TYPE editor_type, long traits);
+
+/// The extension types of all rows with any of the traits in `flag`. `FIO_EXTENSION_TYPE_FLAG_ALL_EXTENSIONS` leaves
+/// out the rows without a trait.
+FIO_EXPORT void fio_get_list_of_extensions_valid_for_trait(FIO_EXTENSION_TYPE_FLAG flag,
+                                                           std::list<FIO_EXTENSION_TYPE>* extension_list);
+/// @}
+
+#endif

@@ -1,0 +1,33 @@
+#include "ccl/fio/fio_file_type_info.h"
+
+#include "ccl/fio/fio_file_ext_type_info.h"
+#include "ccl/fio/internal/module.h"
+
+namespace {
+
+MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
+
+} // namespace
+
+void FIO_FILE_TYPE_INFO::get_file_type_list(std::list<FIO_FILE_TYPE>* file_type_list, FIO_FILE_TYPE file_type,
+                                            FIO_EDITOR_TYPE editor_type, long traits) {
+  fio_get_file_type_list(file_type_list, file_type, editor_type, traits);
+}
+
+FIO_FILE_TYPE FIO_FILE_TYPE_INFO::get_file_type(std::string const& name) { return fio_get_file_type(name); }
+
+FIO_FILE_TYPE FIO_FILE_TYPE_INFO::get_file_type(_GUID const& clsid) { return fio_get_file_type(clsid); }
+
+std::string FIO_FILE_TYPE_INFO::get_file_type_name(FIO_FILE_TYPE file_type) {
+  return fio_get_file_type_name(file_type);
+}
+
+std::string FIO_FILE_TYPE_INFO::get_file_description(FIO_FILE_TYPE file_type) {
+  return fio_get_file_description(file_type);
+}
+
+FIO_EDITOR_TYPE FIO_FILE_TYPE_INFO::get_editor_type(FIO_FILE_TYPE file_type) { return fio_get_editor_type(file_type); }
+
+bool FIO_FILE_TYPE_INFO::is_design_file(FIO_FILE_TYPE file_type) {
+  return fio_test_trait_of(file_type, FIO_FILE_TYPE_FLAG_DESIGN_FILES);
+}

@@ -1,0 +1,46 @@
+/// @file
+/// `FIO_FILE_TYPE_INFO`: the queries on file types as one class, with texts as strings.
+///
+/// Each member answers exactly what the function of the same name in `fio_file_ext_type_info.h` answers; its failures
+/// and thread safety are told there.
+
+#ifndef CCL_FIO_FIO_FILE_TYPE_INFO_H
+#define CCL_FIO_FIO_FILE_TYPE_INFO_H
+
+#include <list>
+#include <string>
+
+#include "ccl/fio/fio_clsid.h"
+#include "ccl/fio/fio_export.h"
+#include "ccl/fio/fio_types.h"
+
+/// The queries on file types. Not instantiated.
+class FIO_FILE_TYPE_INFO {
+public:
+  FIO_FILE_TYPE_INFO() = delete;
+
+  /// `fio_get_file_type_list`
+  FIO_EXPORT static void get_file_type_list(std::list<FIO_FILE_TYPE>* file_type_list, FIO_FILE_TYPE file_type,
+                                            FIO_EDITOR_TYPE editor_type, long traits);
+
+  /// `fio_get_file_type` by name
+  FIO_EXPORT static FIO_FILE_TYPE get_file_type(std::string const& name);
+
+  /// `fio_get_file_type` by class identifier
+  FIO_EXPORT static FIO_FILE_TYPE get_file_type(_GUID const& clsid);
+
+  /// `fio_get_file_type_name`
+  FIO_EXPORT static std::string get_file_type_name(FIO_FILE_TYPE file_type);
+
+  /// `fio_get_file_description`
+  FIO_EXPORT static std::string get_file_description(FIO_FILE_TYPE file_type);
+
+  /// `fio_get_editor_type`
+  FIO_EXPORT static FIO_EDITOR_TYPE get_editor_type(FIO_FILE_TYPE file_type);
+
+  /// Whether the type has the trait `FIO_FILE_TYPE_FLAG_DESIGN_FILES`. The types that have only the group of that name
+  /// in the dialog for a new file, such as scripts, are not design files.
+  FIO_EXPORT static bool is_design_file(FIO_FILE_TYPE file_type);
+};
+
+#endif
