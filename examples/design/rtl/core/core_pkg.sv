@@ -1,0 +1,5 @@
+package core_pkg;
+
+  typedef logic [7:0] word_t;
+
+endpackage

@@ -1,0 +1,244 @@
+// Takes names over a search path, as a tool does with its sources, and tells where each was found and what it is.
+//
+//     resolve --search-path "DIR;DIR;..." [--recursive] [--absolute-to DIR] [--all EXT,EXT] [--json] NAME...
+//
+// The exit status is 0 if every name was found, 1 if one was not, and 2 for arguments that make no sense.
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <boost/filesystem/exception.hpp>
+#include <exception>
+#include <iomanip>
+#include <iostream>
+#include <list>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "ccl/fio/fio.h"
+#include "examples/common/document_classes.h"
+
+namespace {
+
+enum exit_status { all_found = 0, not_all_found = 1, bad_arguments = 2 };
+
+struct arguments {
+  std::string search_path;
+  std::string absolute_to;
+  std::vector<std::string> extensions;
+  std::vector<std::string> names;
+  bool recursive = false;
+  bool json = false;
+};
+
+/// A name and one place where it was found. Not found means an empty path.
+struct answer {
+  std::string name;
+  std::string path;
+  FIO_EXTENSION_TYPE extension_type = FIO_EXTENSION_TYPE_INVALID;
+  FIO_FILE_TYPE file_type = FIO_FILE_TYPE_INVALID;
+
+  bool found() const { return !path.empty(); }
+};
+
+// What the vocabulary says, in words
+
+std::string extension_of(FIO_EXTENSION_TYPE type) {
+  return type == FIO_EXTENSION_TYPE_INVALID ? std::string()
+                                            : std::to_string(type) + ' ' + fio_get_extension_string(type);
+}
+
+std::string editor_of(FIO_FILE_TYPE type) {
+  FIO_EDITOR_TYPE const editor = fio_get_editor_type(type);
+  return editor == FIO_EDITOR_TYPE_NONE ? std::string() : std::string(fio_get_editor_type_string(editor));
+}
+
+std::vector<std::string> traits_of(FIO_FILE_TYPE type) {
+  std::vector<std::string> texts;
+  for (unsigned bit = 2; bit != 0x80000000u; bit <<= 1) {
+    auto const trait = static_cast<FIO_FILE_TYPE_FLAG>(bit);
+    if (!fio_test_trait_of(type, trait)) {
+      continue;
+    }
+    std::string const text = fio_get_file_type_trait_string(trait);
+    // Two traits may have the same words.
+    if (std::find(texts.begin(), texts.end(), text) == texts.end()) {
+      texts.push_back(text);
+    }
+  }
+  return texts;
+}
+
+/// The class whose documents are files of this type, or null. The vocabulary tells types by their class and not the
+/// other way round, and a class that serves several types stands for the first of them: the others have none here.
+document_class const* class_of(FIO_FILE_TYPE type) {
+  if (type == FIO_FILE_TYPE_INVALID) {
+    return nullptr;
+  }
+  auto const* const found =
+      std::find_if(std::begin(document_classes), std::end(document_classes),
+                   [type](document_class const& candidate) { return fio_get_file_type(*candidate.clsid) == type; });
+  return found != std::end(document_classes) ? found : nullptr;
+}
+
+// Searching
+
+answer describe(std::string const& name, FIO_PATH const& path) {
+  answer result;
+  result.name = name;
+  result.path = path.fullpath();
+  if (result.found()) {
+    result.extension_type = fio_get_extension_type(result.path);
+    result.file_type = fio_get_file_type(result.path);
+  }
+  return result;
+}
+
+std::vector<answer> resolve(arguments const& given, FIO_FIND const& find) {
+  std::vector<answer> answers;
+  for (std::string const& name : given.names) {
+    std::list<FIO_PATH> places;
+    if (given.extensions.empty()) {
+      places.push_back(find.find_first_relative_path(name));
+    } else if (!find.find_all(name, given.extensions, &places, false, false)) {
+      places.emplace_back();
+    }
+    for (FIO_PATH const& place : places) {
+      answers.push_back(describe(name, place));
+    }
+  }
+  return answers;
+}
+
+// Output
+
+std::string joined(std::vector<std::string> const& texts) {
+  std::string result;
+  for (std::string const& text : texts) {
+    result += (result.empty() ? "" : ", ") + text;
+  }
+  return result;
+}
+
+void print_table(std::vector<answer> const& answers) {
+  std::vector<std::vector<std::string>> rows = {
+      {"NAME", "FOUND AT", "TYPE", "EXTENSION", "EDITOR", "DOCUMENT CLASS", "TRAITS"}};
+  for (answer const& row : answers) {
+    if (!row.found()) {
+      rows.push_back({row.name, "not found", "", "", "", "", ""});
+      continue;
+    }
+    document_class const* const document = class_of(row.file_type);
+    rows.push_back({row.name, row.path, std::to_string(row.file_type) + ' ' + fio_get_file_description(row.file_type),
+                    extension_of(row.extension_type), editor_of(row.file_type),
+                    document != nullptr ? document->name : "", joined(traits_of(row.file_type))});
+  }
+  std::vector<std::size_t> widths(rows.front().size());
+  for (auto const& row : rows) {
+    for (std::size_t i = 0; i != row.size(); ++i) {
+      widths[i] = std::max(widths[i], row[i].size());
+    }
+  }
+  for (auto const& row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i != row.size(); ++i) {
+      std::string const cell = row[i].empty() && i > 1 && row[1] != "not found" ? "-" : row[i];
+      line += cell + std::string(widths[i] + 2 - cell.size(), ' ');
+    }
+    std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+  }
+}
+
+nlohmann::ordered_json to_json(answer const& row) {
+  nlohmann::ordered_json json;
+  json["name"] = row.name;
+  if (!row.found()) {
+    json["path"] = nullptr;
+    return json;
+  }
+  json["path"] = row.path;
+  json["file_type"] = static_cast<int>(row.file_type);
+  json["file_type_name"] = fio_get_file_type_name(row.file_type);
+  json["description"] = fio_get_file_description(row.file_type);
+  json["extension_type"] = static_cast<int>(row.extension_type);
+  json["extension"] = fio_get_extension_string(row.extension_type);
+  json["editor"] = editor_of(row.file_type);
+  json["traits"] = traits_of(row.file_type);
+  if (document_class const* const document = class_of(row.file_type)) {
+    json["document_class"] = document->name;
+    json["clsid"] = fio_clsid_to_str(*document->clsid, FIO_CLSID_FORMAT_TEXT);
+  } else {
+    json["document_class"] = nullptr;
+    json["clsid"] = nullptr;
+  }
+  return json;
+}
+
+void print_json(std::vector<answer> const& answers) {
+  nlohmann::ordered_json list = nlohmann::ordered_json::array();
+  for (answer const& row : answers) {
+    list.push_back(to_json(row));
+  }
+  // File names are bytes: what is no UTF-8 is shown as a replacement character.
+  std::cout << list.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+}
+
+// The program
+
+bool is_usable(FIO_FIND const& find) {
+  return std::any_of(find.m_search_list.begin(), find.m_search_list.end(), [](FIO_PATH const& directory) {
+    return directory.is_legal_length() && FIO_FILE_SYSTEM::is_directory(directory);
+  });
+}
+
+int run(arguments const& given) {
+  FIO_FIND find(given.search_path, given.recursive);
+  if (!is_usable(find)) {
+    throw std::invalid_argument("no directory of the search path \"" + given.search_path + "\" exists");
+  }
+  if (!given.absolute_to.empty() && !find.set_directory_for_results_to_become_absolute_to(given.absolute_to.c_str())) {
+    throw std::invalid_argument("--absolute-to: \"" + given.absolute_to + "\" is no absolute directory");
+  }
+  std::vector<answer> const answers = resolve(given, find);
+  given.json ? print_json(answers) : print_table(answers);
+  if (!std::cout.flush()) {
+    throw std::runtime_error("the answer cannot be written");
+  }
+  bool const all = std::all_of(answers.begin(), answers.end(), [](answer const& row) { return row.found(); });
+  return all ? all_found : not_all_found;
+}
+
+int fail(std::string const& reason) {
+  std::cerr << "resolve: " << reason.substr(0, reason.find('\n')) << '\n';
+  return bad_arguments;
+}
+
+} // namespace
+
+int main(int count, char** values) {
+  arguments given;
+  CLI::App app("Finds files over a search path and tells what they are.", "resolve");
+  app.add_option("--search-path", given.search_path, "directories to search, separated by \";\"")->required();
+  app.add_flag("--recursive", given.recursive, "search all subdirectories too, behind all given directories");
+  app.add_option("--absolute-to", given.absolute_to, "make relative results absolute to this directory");
+  app.add_option("--all", given.extensions, "find each name in all directories, with each of these extensions")
+      ->delimiter(',')
+      ->allow_extra_args(false);
+  app.add_flag("--json", given.json, "print JSON instead of a table");
+  app.add_option("NAME", given.names, "file names, or paths below a directory of the search path")->required();
+  try {
+    app.parse(count, values);
+  } catch (CLI::Success const& help) {
+    return app.exit(help);
+  } catch (CLI::ParseError const& error) {
+    return fail(error.what());
+  }
+  try {
+    return run(given);
+  } catch (boost::filesystem::filesystem_error const& error) {
+    return fail("the search path cannot be read: " + error.code().message() + ": \"" + error.path1().string() + '"');
+  } catch (std::exception const& error) {
+    return fail(error.what());
+  }
+}

@@ -1,0 +1,61 @@
+# Shared by the scripts of this folder: where the repository is, and how what it needs gets onto the machine.
+# To be sourced.
+
+set -eu
+
+repository=$(cd "$(dirname "$0")/.." && pwd)
+cd "$repository"
+
+# What it takes to build the library and its examples, and to check them, as Debian's packages.
+packages_to_build="g++ cmake ninja-build libboost-dev libboost-filesystem-dev libcli11-dev nlohmann-json3-dev"
+packages_to_check="libgtest-dev clang-format pkgconf"
+packages_to_check_all="clang libclang-rt-14-dev clang-tidy"
+
+say() {
+  printf '== %s\n' "$*" >&2
+}
+
+# Installs those of the packages named that are missing, as root or through sudo; otherwise says which they are.
+need_packages() {
+  if ! command -v dpkg-query >/dev/null; then
+    say "This machine has no Debian packages. Install what these are called here, and build with cmake: $*"
+    exit 1
+  fi
+  missing=
+  for package in "$@"; do
+    case $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) in
+    installed) ;;
+    *) missing="$missing $package" ;;
+    esac
+  done
+  [ -n "$missing" ] || return 0
+  if [ "$(id -u)" = 0 ]; then
+    as_root=
+  elif command -v sudo >/dev/null && sudo -n true 2>/dev/null; then
+    as_root=sudo
+  else
+    say "These packages are missing and may not be installed by this user:$missing"
+    say "As root: apt-get install --no-install-recommends$missing"
+    exit 1
+  fi
+  say "installing$missing"
+  log=$(mktemp)
+  if ! { $as_root env DEBIAN_FRONTEND=noninteractive apt-get update &&
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing; } >"$log" 2>&1; then
+    tail -n 20 "$log" >&2
+    rm -f "$log"
+    say "These packages could not be installed:$missing"
+    exit 1
+  fi
+  rm -f "$log"
+}
+
+# Configures and builds a preset. Prints only what went wrong.
+build() {
+  mkdir -p build
+  if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"build/$1.log" 2>&1; then
+    tail -n 60 "build/$1.log" >&2
+    say "The build of '$1' failed; all of it is in build/$1.log"
+    return 1
+  fi
+}

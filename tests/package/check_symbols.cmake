@@ -1,0 +1,31 @@
+# Compares the dynamic symbols of LIBRARY with the list in EXPECTED, both ways. A line of the list is the letter that
+# NM gives a symbol (T for code, R for read-only data, D for data) and its name.
+
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY} OUTPUT_VARIABLE output
+                COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE "\n$" "" output "${output}")
+string(REPLACE "\n" ";" lines "${output}")
+set(exported)
+foreach(line IN LISTS lines)
+  string(REGEX MATCH "^([^ ]+) ([A-Za-z])" matched "${line}")
+  list(APPEND exported "${CMAKE_MATCH_2} ${CMAKE_MATCH_1}")
+endforeach()
+list(SORT exported)
+if(UPDATE)
+  list(JOIN exported "\n" text)
+  file(WRITE ${EXPECTED} "${text}\n")
+endif()
+
+file(STRINGS ${EXPECTED} expected)
+set(added ${exported})
+list(REMOVE_ITEM added ${expected})
+set(gone ${expected})
+list(REMOVE_ITEM gone ${exported})
+foreach(symbol IN LISTS added)
+  message(SEND_ERROR "exported, but not in the list: ${symbol}")
+endforeach()
+foreach(symbol IN LISTS gone)
+  message(SEND_ERROR "in the list, but not exported: ${symbol}")
+endforeach()
+list(LENGTH exported count)
+message(STATUS "${count} symbols are exported")
