@@ -21,7 +21,7 @@
 #include "ccl/fio/fio_export.h"
 
 /// A class identifier.
-struct _GUID {
+struct _GUID { // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
   std::uint32_t Data1;
   std::uint16_t Data2;
   std::uint16_t Data3;

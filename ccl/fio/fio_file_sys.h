@@ -39,7 +39,7 @@
 class FIO_PATH;
 
 /// What `findfirst` and `findnext` tell of an entry.
-struct _finddata_t {
+struct _finddata_t {       // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
   std::uint32_t attrib;    ///< 0x10 for a directory, 0x01 for anything else that may not be written, otherwise 0
   std::time_t time_create; ///< never written by this library
   std::time_t time_access; ///< never written by this library
@@ -85,7 +85,8 @@ public:
   FIO_EXPORT static char* get_current_directory(char* buffer, unsigned long size);
 
   /// The length of the text in `buffer` after `osi_getcwd`, or 0 if `buffer` is null. A failure of that call goes
-  /// unnoticed: the answer is then the length of what the buffer held.
+  /// unnoticed: the answer is then the length of what the buffer held. The call is made with a null buffer too, and
+  /// what a layer allocates then, as the C library does, is never freed: pass none.
   FIO_EXPORT static unsigned long get_current_directory(unsigned long size, char* buffer);
 
   /// The current directory, or an empty text if it cannot be read or has 1024 characters or more.
@@ -219,10 +220,10 @@ public:
   FIO_EXPORT static long findfirst(char const* filespec, _finddata_t* fileinfo);
 
   /// Finds the next entry: 0 with `*fileinfo` filled, otherwise non-zero. Entries that vanish meanwhile are passed
-  /// over. A handle of 0 or -1 has no next entry.
+  /// over. A handle of -1, 0 or 1 has no next entry.
   FIO_EXPORT static int findnext(long handle, _finddata_t* fileinfo);
 
-  /// Releases a handle: 1, or -1 if it was -1 or 0 and there was nothing to release.
+  /// Releases a handle: 1, or -1 if it was -1, 0 or 1 and there was nothing to release.
   FIO_EXPORT static int findclose(long handle);
   /// @}
 };

@@ -38,8 +38,8 @@ public:
   /// `fio_get_editor_type`
   FIO_EXPORT static FIO_EDITOR_TYPE get_editor_type(FIO_FILE_TYPE file_type);
 
-  /// Whether the type has the trait `FIO_FILE_TYPE_FLAG_DESIGN_FILES`. The types that have only the group of that name
-  /// in the dialog for a new file, such as scripts, are not design files.
+  /// Whether the type has the trait `FIO_FILE_TYPE_FLAG_DESIGN_FILES`. The types that have only the other trait of that
+  /// text, `FIO_FILE_TYPE_FLAG_DESIGN_FILES_GROUP`, such as scripts, are not design files.
   FIO_EXPORT static bool is_design_file(FIO_FILE_TYPE file_type);
 };
 

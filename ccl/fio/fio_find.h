@@ -8,7 +8,7 @@
 /// grow by different rules, and each search uses one of the two:
 ///
 ///                                      m_search_list              m_directories
-///     used by                          all searches but `find`    `find`
+///     used by                          all other searches         `find`
 ///     white space around an element    trimmed                    kept
 ///     an element of white space        ends the list              kept
 ///     the text behind the last ";"     an element                 dropped
@@ -22,10 +22,12 @@
 ///
 /// A caller of `find` who wants every directory searched ends the search path with ";".
 ///
+/// The walk of `find_first()` uses neither: the search path as a whole is its pattern.
+///
 /// Directories are searched in list order and the first hit ends a search for one file, so an earlier directory shadows
-/// a later one. Whatever `FIO_FILE_SYSTEM::exists` says yes to is found: a directory of the name like a file. Missing
-/// directories and texts of more than 1023 characters are passed over. Nothing is kept from one search to the next, and
-/// the searches change no list.
+/// a later one. Found is whatever `FIO_FILE_SYSTEM` finds, by `exists` or, in `find_all` and the walk, by `findfirst`:
+/// a directory of the name like a file. Missing directories and texts of more than 1023 characters are passed over.
+/// Nothing is kept from one search to the next, and the searches change no list.
 ///
 /// @par Failure
 /// What is not found is an empty result. `boost::filesystem::filesystem_error` leaves a constructor, `init` and
@@ -81,7 +83,8 @@ public:
   /// Appends the subdirectories of all directories in the search list, if the object is recursive.
   ///
   /// A directory comes before its contents and siblings come as the file system delivers them. A link to a directory is
-  /// listed and not entered. What is missing, too long or no directory adds nothing.
+  /// listed and not entered. What the list holds that is missing, too long or no directory adds nothing. A subdirectory
+  /// whose own text is too long is added as an empty path of illegal length, which no search looks at.
   ///
   /// @throws boost::filesystem::filesystem_error if a directory cannot be read; the list is then unchanged
   FIO_EXPORT void add_subdirs();
@@ -131,11 +134,11 @@ public:
   ///
   ///     "top", {"v", ".vhd"}   => "/a/top.v", "/a/top.vhd", "/b/top.v"
   ///
-  /// @param matches        where the results go: at the end with `append`, otherwise in place of what it held. Null is
-  /// a
-  ///                       mistake of the caller, seen after the search
+  /// @param matches where the results go: at the end with `append`, otherwise in place of what it held. Null is a
+  /// mistake
+  ///        of the caller, seen after the search
   /// @param try_lower_case whether, where nothing is found, the base, then the extension, and then the whole path are
-  ///                       folded to lower case and looked for
+  ///        folded to lower case and looked for
   /// @return whether this call found anything
   FIO_EXPORT bool find_all(std::string const& name, std::vector<std::string> const& extensions,
                            std::list<FIO_PATH>* matches, bool append, bool try_lower_case) const;
@@ -161,7 +164,7 @@ public:
   char m_separator = '/';               ///< what `push` appends
   char m_alternate_separator = '\\';    ///< a second end that `push` accepts
   std::string m_absolute_to;            ///< where relative results become absolute to, or empty
-  std::list<FIO_PATH> m_search_list;    ///< the directories of all other searches
+  std::list<FIO_PATH> m_search_list;    ///< the directories of the other searches
   long m_find_handle = -1;              ///< the open wildcard search, or -1
   bool m_recursive;                     ///< whether `add_subdirs` does anything
 };

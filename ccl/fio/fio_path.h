@@ -15,8 +15,9 @@
 /// operations are work on texts.
 ///
 /// @par Separators
-/// Both `/` and `\` separate when a text is divided, and the directory is stored with the path's own separator alone,
-/// `/` unless `path_separator(char)` chose another. Runs of separators in a directory become one. There are no drives
+/// Both `/` and `\` separate when a text is divided. The directory is stored with the path's own separator, `/` unless
+/// `path_separator(char)` chose another, in the place of its opposite (`\` for `/`, and `/` for any other). Runs of
+/// separators in a directory become one. There are no drives
 /// and no network paths on this platform: "C:/x" is a relative path with a directory "C:/".
 ///
 /// @par Length
@@ -25,8 +26,9 @@
 /// (they say so) writes a debug message about it and then answers as usual.
 ///
 /// @par Failure
-/// No operation fails. Only `std::bad_alloc` can leave one, where it stores a text; a setter has stored its component
-/// by then, and the text follows with the next edit.
+/// No operation fails. Only `std::bad_alloc` can leave one that makes or stores a text. If it leaves a setter that
+/// could store its component but not the text, the component keeps its new value and the text follows with the next
+/// edit.
 ///
 /// @par Thread safety
 /// A path is like a string: several threads may read one object, or use different objects freely, but one that changes
@@ -136,7 +138,7 @@ public:
   ///     FIO_PATH("a/b.c").get_path_components(FIO_PATH::DIRECTORY | FIO_PATH::EXTENSION)   => "a/.c"
   FIO_EXPORT std::string get_path_components(int mask) const;
 
-  /// Always false: a drive that was set shows in the text alone.
+  /// Always false: a drive that was set shows in the text, and in what is read from the text anew.
   FIO_EXPORT bool has_drive() const;
 
   /// Whether there is a directory.
@@ -214,7 +216,7 @@ public:
   /// is refused and no length is tested.
   /// @{
 
-  /// Sets the drive to one letter and ":". It shows in the text and nowhere else.
+  /// Sets the drive to one letter and ":". No component query shows it; see `has_drive`.
   FIO_EXPORT FIO_PATH& drive(char letter);
 
   /// Sets the drive to the first character of `text` and ":", or removes it if `text` is empty.
@@ -257,8 +259,8 @@ public:
 
   /// @name Setting an extension of up to two parts
   /// A part is an extension type, whose text is taken from the vocabulary, or a text, which is given a leading dot if
-  /// it has none. `FIO_EXTENSION_TYPE_ANY` and the empty text stand for no part. Without a first part the extension is
-  /// removed, whatever the second one is.
+  /// it has none. `FIO_EXTENSION_TYPE_ANY` and the empty text stand for no part; an unknown type is a part with an
+  /// empty text. Without a first part the extension is removed, whatever the second one is.
   ///
   ///     "a/b/c.txt", "h", ""                          => "a/b/c.h"
   ///     "a/b/c.txt", "tar", ".gz"                     => "a/b/c.tar.gz"
@@ -296,9 +298,13 @@ public:
   ///     "a/b."          => "a/b"
   ///     "."             => ".": a path without a directory is left alone
   ///
-  /// The environment variable `fio_old_simplify`, set to any value, selects an older algorithm, which treats a path
-  /// without a directory as well ("." becomes the empty path, "..a" becomes ".a") and drops the directory of a text
-  /// that is too long. It is read at each call. Writes a debug message if the text is too long afterwards.
+  /// The environment variable `fio_old_simplify`, set to any value, selects an older algorithm; it is read at each
+  /// call. That one treats a path without a directory as well ("." becomes the empty path, "..a" becomes ".a"), leaves
+  /// nothing but the root of the directory of a text that is too long, and always reads the text under the separator
+  /// `/`.
+  ///
+  /// The text is what is walked, so a drive that was set becomes a level of the directory, and stays the drive too.
+  /// Writes a debug message if the text is too long afterwards.
   FIO_EXPORT void become_simplified();
 
   /// The simplification itself, whatever the environment says. See `become_simplified`.
@@ -312,9 +318,10 @@ public:
   ///     "..", "/w/x"           => "/w/x/": a final ".." does not climb
   ///     "/a/../b", "/x"        => "/a/../b": an absolute path is not even simplified
   ///
-  /// The current directory is read once if `directory` is empty, for an absolute path too. If it cannot be read the
-  /// path is anchored at the root. A joined text of more than 1023 characters leaves the path empty, with
-  /// `is_legal_length()` false.
+  /// The current directory is read once if `directory` is empty, for an absolute path too. If it cannot be read, or if
+  /// `directory` has more than 1023 characters, the path is anchored at the root. If the two texts together have more
+  /// than that, before they are simplified, the path is empty afterwards, with `is_legal_length()` false. Checks the
+  /// length of this path.
   FIO_EXPORT void become_absolute(std::string const& directory);
 
   /// Moves the directory of this path, as a shell's `cd` would, and simplifies it. The name stays. The process's
@@ -328,7 +335,9 @@ public:
 
   /// The real location of an existing path: absolute, with all symbolic links resolved, as Boost.Filesystem tells it.
   ///
-  /// @return the text, or nothing on any failure (the cause is lost)
+  /// @return the text, of any length, or nothing on any failure (the cause is lost). A current directory that is gone
+  /// is
+  ///         one, for an absolute `path` too
   FIO_EXPORT static boost::optional<std::string> canonical(std::string const& path);
   /// @}
 

@@ -1,8 +1,8 @@
 /// @file
 /// The vocabulary of files: every file type, extension type, editor and trait of the suite by name.
 ///
-/// The values are fixed for good. They are stored in project files and cross the boundary between libraries, so a new
-/// name goes to the end of its list and no value is ever used again. Value -1 of the two type enumerations is the
+/// The values are fixed for good. They cross the boundary between libraries, so a new name goes to the end of its list
+/// and no value is ever used again. Value -1 of the two type enumerations is the
 /// wildcard of the list queries. The enumerations have a fixed underlying type, so any value of that type may be asked
 /// for; the queries of `fio_file_ext_type_info.h` have an answer for unknown ones too.
 ///
@@ -581,8 +581,9 @@ enum FIO_EDITOR_TYPE : unsigned int {
   FIO_EDITOR_TYPE_ALL_FILES = 0xFFFFFFFF,
 };
 
-/// The traits of a file type: bits that combine. Three texts stand for two bits each; the second bit of the pair is the
-/// group of that name in the dialog for a new file.
+/// The traits of a file type: bits that combine. Three texts stand for two bits each; the names of the second bits end
+/// in
+/// `_GROUP`.
 enum FIO_FILE_TYPE_FLAG : int {
   FIO_FILE_TYPE_FLAG_SOURCE_FILES = 2,
   FIO_FILE_TYPE_FLAG_DESIGN_FILES = 4,

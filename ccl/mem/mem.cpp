@@ -26,6 +26,7 @@ bool debug_messages_wanted() {
 bool append_formatted(std::string* out, char const* format, va_list arguments) {
   va_list measured;
   va_copy(measured, arguments);
+  // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_copy has just set it up
   int const length = std::vsnprintf(nullptr, 0, format, measured);
   va_end(measured);
   if (length < 0) {

@@ -3,9 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <climits>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <string>
@@ -20,17 +18,13 @@ int osi_open(char const* path, int flags, int mode) {
 }
 
 std::FILE* osi_fopen(char const* path, char const* mode) {
-  // "e" is the C library's own letter for close-on-exec. It may stand anywhere behind the first one, and a mode is a
-  // few letters long: a longer one than fits is not one that the system knows, and goes to it as it is.
-  char with_close_on_exec[16];
-  std::size_t const length = std::strlen(mode);
-  if (length == 0 || length + 2 > sizeof with_close_on_exec) {
-    return std::fopen(path, mode);
+  // "e" is the C library's own letter for close-on-exec; it may stand anywhere behind the first one. A mode is a few
+  // letters long, so the string allocates nothing.
+  std::string with_close_on_exec = mode;
+  if (!with_close_on_exec.empty()) {
+    with_close_on_exec.insert(1, 1, 'e');
   }
-  with_close_on_exec[0] = mode[0];
-  with_close_on_exec[1] = 'e';
-  std::memcpy(with_close_on_exec + 2, mode + 1, length);
-  return std::fopen(path, with_close_on_exec);
+  return std::fopen(path, with_close_on_exec.c_str());
 }
 
 int osi_chmod(char const* path, int mode) { return ::chmod(path, static_cast<mode_t>(mode)); }

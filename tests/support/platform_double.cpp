@@ -202,6 +202,16 @@ extern "C" DIR* opendir(char const* path) {
   return stream;
 }
 
+// Not among the operations of the library, but a stream like any other to those who count them.
+extern "C" DIR* fdopendir(int descriptor) {
+  static auto* const original = real(&::fdopendir, "fdopendir");
+  DIR* const stream = original(descriptor);
+  if (stream != nullptr) {
+    ++shared().open_streams;
+  }
+  return stream;
+}
+
 extern "C" dirent64* readdir64(DIR* stream) {
   record("readdir64", "");
   HAND_ON(readdir64, "readdir64", stream);

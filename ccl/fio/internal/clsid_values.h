@@ -1,8 +1,8 @@
 /// @file
 /// The values of the class identifiers, once, for the exported constants and for the table of file types.
 ///
-/// The values are opaque and fixed for good: they are stored in project files. A new class gets a random value of its
-/// own.
+/// The values are opaque and fixed for good, since they cross the boundary between libraries. A new class gets a random
+/// value of its own.
 
 #ifndef CCL_FIO_INTERNAL_CLSID_VALUES_H
 #define CCL_FIO_INTERNAL_CLSID_VALUES_H
