@@ -3,13 +3,13 @@
 # With --full also: the build and tests of the other compiler, and clang-tidy. Installs what is missing, on Debian, as
 # root or through sudo. The last line is the sum: "N passed, N failed".
 
-. "$(dirname "$0")/common.sh"
+. "$(dirname -- "$0")/common.sh"
 
 presets="release asan tsan"
 full=
-case ${1-} in
-'') ;;
---full) full=yes presets="$presets clang" ;;
+case $#,${1-} in
+0,) ;;
+1,--full) full=yes presets="$presets clang" ;;
 *)
   echo "usage: check.sh [--full]" >&2
   exit 2
@@ -20,18 +20,30 @@ need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_a
 
 passed=0
 failed=0
+skipped=0
 
 # Counts one check that is not a program of tests.
 count_check() {
   if "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); fi
 }
 
-# Adds the numbers of a report in the format of JUnit, of which the first line with numbers is the sum.
+# A number in a report in the format of JUnit: the first with this name is the sum.
+number_in() {
+  number=$(tr '\n' ' ' <"$1" | grep -o " $2=\"[0-9]*\"" | head -n 1 | tr -dc 0-9)
+  echo "${number:-0}"
+}
+
+# Adds the numbers of a report. What did not run has not passed: a test that could not be run has failed, and one that
+# leaves itself out is counted apart.
 count_report() {
-  tests=$(sed -n 's/.*tests="\([0-9]*\)".*/\1/p' "$1" | head -n 1)
-  failures=$(sed -n 's/.*failures="\([0-9]*\)".*/\1/p' "$1" | head -n 1)
-  passed=$((passed + tests - failures))
-  failed=$((failed + failures))
+  tests=$(number_in "$1" tests)
+  failures=$(number_in "$1" failures)
+  not_run=$(($(number_in "$1" skipped) + $(number_in "$1" disabled)))
+  left_out=$(grep -c 'SKIP_REGULAR_EXPRESSION_MATCHED\|result="skipped"' "$1" || true)
+  [ "$left_out" -le "$not_run" ] || left_out=$not_run
+  passed=$((passed + tests - failures - not_run))
+  failed=$((failed + failures + not_run - left_out))
+  skipped=$((skipped + left_out))
 }
 
 sources() {
@@ -42,9 +54,11 @@ format_is_right() {
   sources | xargs clang-format --dry-run -Werror
 }
 
+# What clang-tidy says of its own progress goes to a log.
 tidy_is_silent() {
-  sources | grep '\.cpp$' | grep -v '^benchmarks/' |
-    xargs -P "$(nproc)" -n 2 clang-tidy --quiet --warnings-as-errors='*' -p build/clang 2>/dev/null
+  sources | grep '^\(ccl\|examples\)/.*\.cpp$' |
+    xargs -P "$(nproc)" -n 2 clang-tidy --quiet --warnings-as-errors='*' -p build/clang 2>build/tidy.log ||
+    { tail -n 5 build/tidy.log >&2 && return 1; }
 }
 
 run_tests() {
@@ -56,16 +70,19 @@ run_tests() {
     failed=$((failed + 1))
     return
   fi
+  before=$failed
   count_report "$report"
+  [ "$failed" != "$before" ] || return 0
   # The failures are told again at the end of the log; before it stands what the tests themselves said.
-  if grep -q 'tests failed' "build/$1.log"; then
-    grep -v ' Passed ' "build/$1.log" | tail -n 200 >&2
-  fi
+  grep -v ' Passed ' "build/$1.log" | tail -n 200 >&2
+  say "The tests of '$1' failed; all they said is in build/$1.log"
 }
 
 # Root may do what is refused to everybody else, so its run leaves some behaviour unseen.
 run_tests_as_ordinary_user() {
   folder=$(mktemp -d)
+  trap 'rm -rf "$folder"' EXIT
+  trap 'exit 1' HUP INT TERM
   chmod 755 "$folder"
   cp build/release/tests/fio_test build/release/ccl/*.so.* "$folder"
   mkdir -m 777 "$folder/out"
@@ -76,28 +93,32 @@ run_tests_as_ordinary_user() {
   else
     failed=$((failed + 1))
   fi
-  rm -rf "$folder"
 }
 
+built=
 say "format"
 count_check format_is_right
 for preset in $presets; do
   say "$preset: building"
   if build "$preset"; then
+    built="$built $preset"
     say "$preset: testing"
     run_tests "$preset"
   else
     failed=$((failed + 1))
   fi
 done
-if [ "$(id -u)" = 0 ] && [ -x build/release/tests/fio_test ]; then
+case $(id -u),$built in
+0,*release*)
   say "release: testing as an ordinary user"
   run_tests_as_ordinary_user
-fi
+  ;;
+esac
 if [ -n "$full" ]; then
   say "clang-tidy"
   count_check tidy_is_silent
 fi
 
+[ "$skipped" = 0 ] || say "$skipped tests left themselves out"
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]

@@ -3,7 +3,7 @@
 
 set -eu
 
-repository=$(cd "$(dirname "$0")/.." && pwd)
+repository=$(CDPATH= cd -- "$(dirname -- "$0")/.." && pwd -P)
 cd "$repository"
 
 # What it takes to build the library and its examples, and to check them, as Debian's packages.

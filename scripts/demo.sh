@@ -2,7 +2,7 @@
 # Builds the library and its example, and takes the sources of a small design over search paths. Installs what is
 # missing, on Debian, as root or through sudo.
 
-. "$(dirname "$0")/common.sh"
+. "$(dirname -- "$0")/common.sh"
 
 need_packages $packages_to_build
 say "building"
@@ -39,4 +39,4 @@ show "...which a recursive search reaches, behind the directories given." \
 show "A relative search: each directory of the search path is where the path starts." \
   --search-path 'rtl/core;lib/memory' ../include/defs.vh ../alu.v
 show "For programs, with results made absolute." \
-  --search-path 'rtl' --absolute-to /proj --json top.v
+  --search-path 'rtl' --absolute-to "$PWD" --json top.v

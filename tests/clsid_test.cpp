@@ -5,12 +5,14 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <new>
 #include <sstream>
 #include <string>
 #include <type_traits>
 #include <vector>
 
 #include "ccl/fio/fio_clsid.h"
+#include "tests/support/allocation_failure.h"
 #include "tests/support/scratch.h"
 #include "tests/vocabulary_expected.h"
 
@@ -252,6 +254,21 @@ TEST_F(class_identifiers, the_initializer_form_cannot_be_read) {
   }
 }
 
+TEST_F(class_identifiers, a_text_that_cannot_be_stored_is_a_failure) {
+  for (FIO_CLSID_FORMAT const format : {FIO_CLSID_FORMAT_TEXT, FIO_CLSID_FORMAT_INITIALIZER}) {
+    bool thrown = false;
+    {
+      allocation_failure const failing(1);
+      try {
+        fio_clsid_to_str(VFC_CLSID_TED_DEFAULT_DOC, format);
+      } catch (std::bad_alloc const&) {
+        thrown = true;
+      }
+    }
+    EXPECT_TRUE(thrown) << format;
+  }
+}
+
 // Reading
 
 TEST_F(class_identifiers, a_text_is_read_with_the_tolerance_of_a_formatted_scan) {
@@ -420,4 +437,26 @@ TEST_F(class_identifiers, any_two_changed_characters_are_read_as_a_formatted_sca
       }
     }
   }
+}
+
+TEST_F(class_identifiers, reading_asks_for_no_memory) {
+  std::string const good = "{0b720e69-67da-11d0-bf4f-0000c08cb0c0}";
+  std::string const tolerated = "{12zz5678-0000-0000--1+2-1 2 3 4 5 6 }";
+  std::string const bad = "{0b720e69-67da-11d0-bf4f-gggggggggggg}";
+  std::string const long_text = repeated(100000, '0');
+  _GUID read[4];
+  long asked_for = -1;
+  {
+    allocation_failure const failing(1);
+    read[0] = fio_str_to_clsid(good);
+    read[1] = fio_str_to_clsid(tolerated);
+    read[2] = fio_str_to_clsid(bad);
+    read[3] = fio_str_to_clsid(long_text);
+    asked_for = failing.asked_for();
+  }
+  EXPECT_EQ(asked_for, 0);
+  EXPECT_EQ(read[0], VFC_CLSID_TED_DEFAULT_DOC);
+  EXPECT_EQ(read[1], (_GUID{0x12, 0, 0, {0xff, 2, 1, 2, 3, 4, 5, 6}}));
+  EXPECT_EQ(read[2], zero);
+  EXPECT_EQ(read[3], zero);
 }

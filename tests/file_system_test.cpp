@@ -22,6 +22,8 @@
 #include <vector>
 
 #include "ccl/fio/fio_path.h"
+#include "tests/support/calls.h"
+#include "tests/support/path_texts.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -29,8 +31,6 @@ namespace {
 
 using platform_double::replaced;
 using strings = std::vector<std::string>;
-
-constexpr int telltale = 4711;
 
 // The double of an operation that does nothing: it answers a number, and leaves an error number that no call has.
 struct answer {
@@ -55,22 +55,6 @@ struct status_answer {
   }
 };
 
-struct stat record_of_mode(mode_t mode) {
-  struct stat record = {};
-  record.st_mode = mode;
-  return record;
-}
-
-// What is called while `operation` runs.
-template <typename Operation>
-strings calls_of(Operation operation) {
-  platform_double::calls().clear();
-  platform_double::record_calls(true);
-  operation();
-  platform_double::record_calls(false);
-  return platform_double::calls();
-}
-
 // A path whose text edits have made longer than a path may be.
 FIO_PATH overgrown(char character, std::size_t length) {
   FIO_PATH path("d/");
@@ -79,11 +63,6 @@ FIO_PATH overgrown(char character, std::size_t length) {
 }
 
 std::string overgrown_text(char character, std::size_t length) { return "d/" + repeated(length - 2, character); }
-
-std::string too_long_message(std::string const& path) {
-  return "Path name is too long -- must be shorter than 1024 characters\nPath (length " + std::to_string(path.size()) +
-         "): " + path + '\n';
-}
 
 std::string content_of(std::string const& path) {
   std::ifstream file(path, std::ios::binary);
@@ -101,21 +80,6 @@ mode_t mode_of(std::string const& path) {
   ::lstat(path.c_str(), &record);
   return record.st_mode;
 }
-
-// The path of a directory in the tree whose absolute text has exactly this length.
-std::string directory_of_length(scratch_tree const& tree, std::size_t length) {
-  std::string name;
-  std::size_t missing = length - tree.root().size() - 1;
-  for (; missing > 201; missing -= 101) {
-    name += repeated(100, 'd') + '/';
-  }
-  name += repeated(missing, 'd');
-  tree.make_directory(name);
-  return tree.path(name);
-}
-
-// Text of exactly this length that leads to `path`, which must be absolute.
-std::string padded(std::string const& path, std::size_t length) { return repeated(length - path.size(), '/') + path; }
 
 // The wildcard test as its rules read, one by one: slow, and with no thought of its own.
 bool same_file_by_the_rules(std::string_view name, std::string_view pattern) {
@@ -196,7 +160,22 @@ static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::same_file), bool (*)(cha
 static_assert(has_form_of_exists<bool (*)(char const*)>::value);
 static_assert(has_form_of_exists<bool (*)(FIO_PATH const&)>::value);
 static_assert(!has_form_of_exists<bool (*)(std::string const&)>::value);
-static_assert(!std::is_default_constructible_v<FIO_FILE_SYSTEM> && std::is_empty_v<FIO_FILE_SYSTEM>);
+
+static_assert(has_type(static_cast<bool (*)(char const*)>(&FIO_FILE_SYSTEM::remove)));
+static_assert(has_type(static_cast<bool (*)(std::string const&)>(&FIO_FILE_SYSTEM::remove)));
+static_assert(has_type(static_cast<bool (*)(FIO_PATH const&)>(&FIO_FILE_SYSTEM::remove)));
+static_assert(has_type(static_cast<bool (*)(char const*, char const*)>(&FIO_FILE_SYSTEM::rename)));
+static_assert(has_type(static_cast<bool (*)(std::string const&, std::string const&)>(&FIO_FILE_SYSTEM::rename)));
+static_assert(has_type(static_cast<bool (*)(FIO_PATH const&, FIO_PATH const&)>(&FIO_FILE_SYSTEM::rename)));
+static_assert(has_type(static_cast<bool (*)(char const*, struct stat*)>(&FIO_FILE_SYSTEM::status)));
+static_assert(has_type(static_cast<bool (*)(std::string const&, struct stat*)>(&FIO_FILE_SYSTEM::status)));
+static_assert(has_type(static_cast<bool (*)(FIO_PATH const&, struct stat*)>(&FIO_FILE_SYSTEM::status)));
+static_assert(has_type(static_cast<char* (*)(char*, unsigned long)>(&FIO_FILE_SYSTEM::get_current_directory)));
+static_assert(has_type(static_cast<unsigned long (*)(unsigned long, char*)>(&FIO_FILE_SYSTEM::get_current_directory)));
+static_assert(has_type(static_cast<std::string (*)()>(&FIO_FILE_SYSTEM::get_current_directory)));
+
+static_assert(!std::is_aggregate_v<FIO_FILE_SYSTEM> && !std::is_default_constructible_v<FIO_FILE_SYSTEM>);
+static_assert(std::is_empty_v<FIO_FILE_SYSTEM>);
 
 } // namespace
 
@@ -289,6 +268,44 @@ forwarding const forwardings[] = {
      [] { return F::posix_rename(nullptr, nullptr); }},
     {"posix_remove of null", "remove(null)", rule::true_on_zero, replace_remove,
      [] { return F::posix_remove(nullptr); }},
+    {"rename of null", "rename(null, null)", rule::true_on_zero, replace_rename,
+     [] { return F::rename(static_cast<char const*>(nullptr), static_cast<char const*>(nullptr)); }},
+    {"status of a C-string into null", "osi_status(f)", rule::true_on_zero, replace_status,
+     [] { return F::status("f", nullptr); }},
+    {"status of a string into null", "osi_status(f)", rule::true_on_zero, replace_status,
+     [] { return F::status(std::string("f"), nullptr); }},
+    {"status of a path into null", "osi_status(f)", rule::true_on_zero, replace_status,
+     [] { return F::status(FIO_PATH("f"), nullptr); }},
+
+    // And so is an empty text by all.
+    {"open of an empty text", "osi_open()", rule::result_unchanged, replace_open, [] { return F::open("", 0, 0); }},
+    {"chmod of an empty text", "osi_chmod()", rule::true_on_zero, replace_chmod, [] { return F::chmod("", 0); }},
+    {"mkdir of an empty text", "osi_mkdir()", rule::result_unchanged, replace_mkdir, [] { return F::mkdir(""); }},
+    {"rmdir of an empty text", "osi_rmdir()", rule::result_unchanged, replace_rmdir, [] { return F::rmdir(""); }},
+    {"change_current_directory of an empty text", "osi_chdir()", rule::result_unchanged, replace_chdir,
+     [] { return F::change_current_directory(""); }},
+    {"set_current_directory of an empty text", "osi_chdir()", rule::true_on_zero, replace_chdir,
+     [] { return F::set_current_directory(""); }},
+    {"posix_rename of empty texts", "rename(, )", rule::true_on_zero, replace_rename,
+     [] { return F::posix_rename("", ""); }},
+    {"rename of empty C-strings", "rename(, )", rule::true_on_zero, replace_rename, [] { return F::rename("", ""); }},
+    {"rename of empty strings", "rename(, )", rule::true_on_zero, replace_rename,
+     [] { return F::rename(std::string(), std::string()); }},
+    {"rename of empty paths", "rename(, )", rule::true_on_zero, replace_rename,
+     [] { return F::rename(FIO_PATH(), FIO_PATH()); }},
+    {"remove of an empty string", "remove()", rule::true_on_zero, replace_remove,
+     [] { return F::remove(std::string()); }},
+    {"remove of an empty path", "remove()", rule::true_on_zero, replace_remove, [] { return F::remove(FIO_PATH()); }},
+    {"posix_remove of an empty text", "remove()", rule::true_on_zero, replace_remove,
+     [] { return F::posix_remove(""); }},
+    {"unc_native_remove of an empty text", "remove()", rule::true_on_zero, replace_remove,
+     [] { return F::unc_native_remove(""); }},
+    {"status of an empty C-string", "osi_status()", rule::true_on_zero, replace_status,
+     [] { return F::status("", &unused_record); }},
+    {"status of an empty string", "osi_status()", rule::true_on_zero, replace_status,
+     [] { return F::status(std::string(), &unused_record); }},
+    {"status of an empty path", "osi_status()", rule::true_on_zero, replace_status,
+     [] { return F::status(FIO_PATH(), &unused_record); }},
 
     // An embedded NUL ends a string.
     {"set_current_directory with a NUL", "osi_chdir(a)", rule::true_on_zero, replace_chdir,
@@ -380,6 +397,9 @@ TEST_F(file_system, fopen_hands_on_the_stream) {
   EXPECT_EQ(calls_of([&] { stream = FIO_FILE_SYSTEM::fopen(nullptr, "w"); }), strings{"osi_fopen(null, w)"});
   EXPECT_EQ(errno, telltale);
   EXPECT_EQ(stream, nullptr);
+
+  EXPECT_EQ(calls_of([] { FIO_FILE_SYSTEM::fopen("f", nullptr); }), strings{"osi_fopen(f, null)"});
+  EXPECT_EQ(calls_of([] { FIO_FILE_SYSTEM::fopen("", ""); }), strings{"osi_fopen(, )"});
 }
 
 TEST_F(file_system, status_fills_the_record_of_the_caller) {
@@ -453,11 +473,11 @@ TEST_F(file_system, exists_refuses_1024_characters_without_a_call) {
     bool const legal = length == 1023;
     std::string const text = repeated(length);
     bool found = !legal;
-    errno = 77;
+    errno = 0;
     strings const calls = calls_of([&] { found = FIO_FILE_SYSTEM::exists(text.c_str()); });
     EXPECT_EQ(found, legal) << length;
     EXPECT_EQ(calls, legal ? strings{"osi_exists(" + text + ")"} : strings{}) << length;
-    EXPECT_EQ(errno, legal ? telltale : 77) << length;
+    EXPECT_EQ(errno, legal ? telltale : 0) << length;
   }
   EXPECT_EQ(messages(), strings{});
 }
@@ -516,7 +536,7 @@ TEST_F(file_system, path_forms_write_the_message_before_the_call) {
     replaced().osi_exists = note("osi_exists");
     bool const too_long = row.text.size() > 1023;
     row.run(overgrown('x', row.text.size()));
-    EXPECT_EQ(messages(), too_long ? strings{too_long_message(row.text)} : strings{});
+    EXPECT_EQ(messages(), too_long ? strings{length_message(row.text)} : strings{});
     strings const expected =
         row.calls.empty() ? strings{} : strings{"messages so far", too_long ? "1" : "0", row.calls.front(), row.text};
     EXPECT_EQ(events, expected);
@@ -529,12 +549,12 @@ TEST_F(file_system, rename_of_paths_reads_the_target_first) {
   replace_rename({0});
   EXPECT_EQ(calls_of([] { F::rename(overgrown('f', 1500), overgrown('t', 2000)); }),
             strings{"rename(" + from + ", " + to + ")"});
-  EXPECT_EQ(messages(), (strings{too_long_message(to), too_long_message(from)}));
+  EXPECT_EQ(messages(), (strings{length_message(to), length_message(from)}));
 
   platform_double::debug_messages().clear();
   F::rename(overgrown('f', 1500), FIO_PATH("t"));
   F::rename(FIO_PATH("f"), overgrown('t', 2000));
-  EXPECT_EQ(messages(), (strings{too_long_message(from), too_long_message(to)}));
+  EXPECT_EQ(messages(), (strings{length_message(from), length_message(to)}));
 }
 
 TEST_F(file_system, messages_carry_the_name_of_the_module) {
@@ -547,13 +567,13 @@ TEST_F(file_system, messages_carry_the_name_of_the_module) {
 
 TEST_F(file_system, guarded_operations_answer_false_to_null_without_a_call) {
   bool results[] = {true, true, true};
-  errno = 77;
+  errno = telltale;
   strings const calls = calls_of([&] {
     results[0] = FIO_FILE_SYSTEM::remove(static_cast<char const*>(nullptr));
     results[1] = FIO_FILE_SYSTEM::native_remove(nullptr);
     results[2] = FIO_FILE_SYSTEM::exists(static_cast<char const*>(nullptr));
   });
-  EXPECT_EQ(errno, 77);
+  EXPECT_EQ(errno, telltale);
   EXPECT_EQ(calls, strings{});
   for (bool const result : results) {
     EXPECT_FALSE(result);
@@ -652,6 +672,14 @@ TEST_F(file_system, get_current_directory_as_a_string_asks_for_1024_bytes_of_zer
   EXPECT_EQ(text, "/some/where");
 }
 
+TEST_F(file_system, get_current_directory_as_a_string_leaves_the_error_number_of_a_success) {
+  replaced().osi_getcwd = [](char* buffer, unsigned long) { return std::strcpy(buffer, "/some/where"); };
+  errno = telltale;
+  std::string const text = F::get_current_directory();
+  EXPECT_EQ(errno, telltale);
+  EXPECT_EQ(text, "/some/where");
+}
+
 TEST_F(file_system, get_current_directory_as_a_string_ends_a_text_that_fills_the_buffer) {
   replaced().osi_getcwd = [](char* buffer, unsigned long size) {
     std::memset(buffer, 'x', size);
@@ -717,7 +745,7 @@ TEST_F(file_system, the_current_directory_moves_with_both_operations) {
 
 TEST_F(file_system, the_error_number_of_the_system_stays) {
   m_tree.draw({"f=x", "d/inner", "loop -> loop", "dangling -> nowhere"});
-  ASSERT_EQ(::chdir(m_tree.root().c_str()), 0);
+  enter(m_tree);
   long const limit = LONG_MAX;
   struct {
     char const* operation;
@@ -904,6 +932,26 @@ TEST_F(file_system, remove_if_exists_asks_before_it_removes) {
   }
 }
 
+TEST_F(file_system, remove_if_exists_takes_its_text_as_it_stands) {
+  m_tree.draw({"d\\f", "d/f"});
+  EXPECT_TRUE(F::remove_if_exists(m_tree.path("d\\f")));
+  EXPECT_FALSE(is_there(m_tree.path("d\\f")));
+  EXPECT_TRUE(is_there(m_tree.path("d/f")));
+
+  replace_exists({1});
+  replace_remove({0});
+  EXPECT_EQ(calls_of([] { EXPECT_TRUE(F::remove_if_exists("a//b\\c")); }),
+            (strings{"osi_exists(a//b\\c)", "remove(a//b\\c)"}));
+}
+
+TEST_F(file_system, remove_if_exists_leaves_the_error_number_of_the_question_where_nothing_is_there) {
+  replace_exists({0});
+  errno = 0;
+  bool const removed = F::remove_if_exists("missing");
+  EXPECT_EQ(errno, telltale);
+  EXPECT_TRUE(removed);
+}
+
 TEST_F(file_system, remove_if_exists_counts_what_is_not_found_as_removed) {
   m_tree.draw({"f.txt", "dangling -> nowhere"});
   EXPECT_TRUE(F::remove_if_exists(m_tree.path("missing")));
@@ -962,6 +1010,15 @@ TEST_F(file_system, each_value_of_the_file_type_is_read_bit_by_bit) {
       EXPECT_EQ(result, row.regular_file);
     }
   }
+}
+
+TEST_F(file_system, the_status_of_an_empty_text_is_asked_for) {
+  replaced().osi_status = status_answer{record_of_mode(0xC000)};
+  strings const expected = {"osi_status()"};
+  EXPECT_EQ(calls_of([] { EXPECT_TRUE(F::is_directory("")); }), expected);
+  EXPECT_EQ(calls_of([] { EXPECT_TRUE(F::is_regular_file("")); }), expected);
+  long const limit = 1;
+  EXPECT_EQ(calls_of([&] { EXPECT_TRUE(F::is_older("", &limit)); }), expected);
 }
 
 TEST_F(file_system, a_status_that_fails_is_neither_directory_nor_regular_file) {
@@ -1070,13 +1127,13 @@ TEST_F(file_system, is_older_is_strict_and_reads_whole_seconds) {
 }
 
 TEST_F(file_system, anything_is_older_than_no_limit) {
-  errno = 77;
+  errno = telltale;
   strings const calls = calls_of([&] {
     EXPECT_TRUE(F::is_older("missing", nullptr));
     EXPECT_TRUE(F::is_older(m_tree.root().c_str(), nullptr));
     EXPECT_TRUE(F::is_older(repeated(5000).c_str(), nullptr));
   });
-  EXPECT_EQ(errno, 77);
+  EXPECT_EQ(errno, telltale);
   EXPECT_EQ(calls, strings{});
 }
 
@@ -1096,7 +1153,7 @@ TEST_F(file_system, a_file_is_not_older_than_its_own_time) {
 
 TEST_F(file_system, exists_of_a_wildcard_asks_whether_any_entry_matches) {
   m_tree.draw({"a.txt", "sub/b", "dangling -> nowhere"});
-  ASSERT_EQ(::chdir(m_tree.root().c_str()), 0);
+  enter(m_tree);
   struct {
     char const* path;
     bool exists;
@@ -1308,15 +1365,15 @@ TEST_F(file_system, same_file_walks_texts_of_a_million_bytes) {
 }
 
 TEST_F(file_system, same_file_calls_nothing) {
-  errno = 77;
+  errno = telltale;
   EXPECT_EQ(calls_of([] { F::same_file("a/b", "*/b"); }), strings{});
-  EXPECT_EQ(errno, 77);
+  EXPECT_EQ(errno, telltale);
   EXPECT_EQ(messages(), strings{});
 }
 
 TEST_F(file_system, a_name_may_be_asked_for_in_the_ways_that_the_header_shows) {
   m_tree.draw({"rtl/top.v"});
-  ASSERT_EQ(::chdir(m_tree.root().c_str()), 0);
+  enter(m_tree);
   EXPECT_TRUE(FIO_FILE_SYSTEM::exists("rtl/top.v"));
   EXPECT_TRUE(FIO_FILE_SYSTEM::exists("rtl/*.v"));
   EXPECT_FALSE(FIO_FILE_SYSTEM::exists("rtl/*.vhd"));

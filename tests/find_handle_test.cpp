@@ -11,6 +11,7 @@
 #include <ctime>
 #include <functional>
 #include <map>
+#include <new>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -18,6 +19,9 @@
 #include <vector>
 
 #include "ccl/fio/fio_file_sys.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/calls.h"
+#include "tests/support/path_texts.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -25,8 +29,6 @@ namespace {
 
 using platform_double::replaced;
 using strings = std::vector<std::string>;
-
-constexpr int telltale = 4711;
 
 // The record as its readers in other tools know it.
 static_assert(std::is_same_v<decltype(_finddata_t::attrib), std::uint32_t>);
@@ -67,26 +69,6 @@ strings walked(std::string const& filespec) {
   }
   FIO_FILE_SYSTEM::findclose(handle);
   return names;
-}
-
-strings sorted(strings names) {
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-template <typename Operation>
-strings calls_of(Operation operation) {
-  platform_double::calls().clear();
-  platform_double::record_calls(true);
-  operation();
-  platform_double::record_calls(false);
-  return platform_double::calls();
-}
-
-struct stat record_of_mode(mode_t mode) {
-  struct stat record = {};
-  record.st_mode = mode;
-  return record;
 }
 
 // The doubles of a directory whose stream delivers `names` in this order. All entries are there, except those that are
@@ -146,20 +128,6 @@ private:
   std::size_t m_next = 0;
   dirent64 m_entry = {};
 };
-
-// The path of a directory in the tree whose absolute text has exactly this length.
-std::string directory_of_length(scratch_tree const& tree, std::size_t length) {
-  std::string name;
-  std::size_t missing = length - tree.root().size() - 1;
-  for (; missing > 201; missing -= 101) {
-    name += repeated(100, 'd') + '/';
-  }
-  name += repeated(missing, 'd');
-  tree.make_directory(name);
-  return tree.path(name);
-}
-
-std::string padded(std::string const& path, std::size_t length) { return repeated(length - path.size(), '/') + path; }
 
 } // namespace
 
@@ -322,6 +290,34 @@ TEST_F(find_handle, each_value_of_the_file_type_is_read_bit_by_bit) {
   }
 }
 
+TEST_F(find_handle, a_refused_access_leaves_its_error_number_behind_a_success) {
+  m_tree.draw({"d/f"});
+  replaced().access = [](char const*, int) {
+    errno = EROFS;
+    return -1;
+  };
+  for (std::string const& filespec : {m_tree.path("d/f"), m_tree.path("d/*f")}) {
+    _finddata_t entry = untouched();
+    errno = 0;
+    long const handle = FIO_FILE_SYSTEM::findfirst(filespec.c_str(), &entry);
+    int const error = errno;
+    EXPECT_NE(handle, -1) << filespec;
+    EXPECT_EQ(error, EROFS) << filespec;
+    EXPECT_EQ(entry.attrib, 1u) << filespec;
+    FIO_FILE_SYSTEM::findclose(handle);
+  }
+}
+
+TEST_F(find_handle, a_text_may_be_the_name_in_the_record_that_is_filled) {
+  m_tree.draw({"d/g"});
+  enter(m_tree);
+  _finddata_t entry = untouched();
+  std::strcpy(entry.name, "d/g");
+  EXPECT_EQ(FIO_FILE_SYSTEM::findfirst(entry.name, &entry), 0);
+  EXPECT_EQ(entry.attrib, 0u) << "the access of \"g\", which is not there, was asked for";
+  EXPECT_STREQ(entry.name, "g");
+}
+
 TEST_F(find_handle, the_attribute_is_told_in_a_walk_as_well) {
   drawn_directory directory({"file", "locked", "sub", "socket"});
   directory.modes = {{"d/sub", 0x4000}, {"d/socket", 0xC000}};
@@ -428,10 +424,10 @@ TEST_F(find_handle, a_text_of_1024_characters_is_not_found_without_a_call) {
 
     for (std::string const& too_long : {'/' + legal, padded(legal, 5000)}) {
       entry = untouched();
-      errno = 77;
+      errno = telltale;
       strings const calls =
           calls_of([&] { EXPECT_EQ(FIO_FILE_SYSTEM::findfirst(too_long.c_str(), &entry), -1) << name; });
-      EXPECT_EQ(errno, 77);
+      EXPECT_EQ(errno, telltale);
       EXPECT_EQ(calls, strings{}) << name;
       EXPECT_TRUE(is_untouched(entry)) << name;
     }
@@ -443,12 +439,12 @@ TEST_F(find_handle, a_text_of_1024_characters_is_not_found_without_a_call) {
 TEST_F(find_handle, numbers_that_are_no_address_have_nothing_to_read_or_release) {
   for (long const handle : {-1L, 0L, 1L}) {
     _finddata_t entry = untouched();
-    errno = 77;
+    errno = telltale;
     strings const calls = calls_of([&] {
       EXPECT_EQ(FIO_FILE_SYSTEM::findnext(handle, &entry), -1) << handle;
       EXPECT_EQ(FIO_FILE_SYSTEM::findclose(handle), -1) << handle;
     });
-    EXPECT_EQ(errno, 77);
+    EXPECT_EQ(errno, telltale);
     EXPECT_EQ(calls, strings{}) << handle;
     EXPECT_TRUE(is_untouched(entry)) << handle;
   }
@@ -527,6 +523,76 @@ TEST_F(find_handle, a_stream_that_is_no_address_is_not_read_but_closed) {
   strings const calls = calls_of([&] { EXPECT_EQ(FIO_FILE_SYSTEM::findfirst("*", &entry), -1); });
   EXPECT_EQ(calls, (strings{"opendir(.)", "closedir()"}));
   EXPECT_TRUE(is_untouched(entry));
+}
+
+TEST_F(find_handle, whatever_the_system_says_a_walk_is_closed) {
+  m_tree.draw({"f"});
+  for (int const result : {0, -1, 7}) {
+    SCOPED_TRACE(result);
+    replaced().closedir = [result](DIR* stream) {
+      closedir_of_the_system(stream);
+      errno = telltale;
+      return result;
+    };
+    _finddata_t entry = untouched();
+    long const handle = FIO_FILE_SYSTEM::findfirst(m_tree.path("*").c_str(), &entry);
+    ASSERT_NE(handle, -1);
+    errno = 0;
+    int answer = FIO_FILE_SYSTEM::findclose(handle);
+    EXPECT_EQ(errno, telltale);
+    EXPECT_EQ(answer, 1);
+
+    errno = 0;
+    long const no_handle = FIO_FILE_SYSTEM::findfirst(m_tree.path("*.none").c_str(), &entry);
+    EXPECT_EQ(errno, telltale);
+    EXPECT_EQ(no_handle, -1);
+    EXPECT_EQ(open_streams(), 0);
+  }
+}
+
+// Memory
+
+TEST_F(find_handle, a_walk_whose_record_cannot_be_stored_leaves_its_stream_open) {
+  m_tree.draw({"d/f"});
+  enter(m_tree);
+  DIR* opened = nullptr;
+  replaced().opendir = [&opened](char const* path) { return opened = opendir_of_the_system(path); };
+  platform_double::calls().reserve(16); // what is recorded must not ask for memory itself
+  _finddata_t entry = untouched();
+  bool thrown = false;
+  strings const calls = calls_of([&] {
+    allocation_failure const failing(1);
+    try {
+      FIO_FILE_SYSTEM::findfirst("d/*", &entry);
+    } catch (std::bad_alloc const&) {
+      thrown = true;
+    }
+  });
+  EXPECT_TRUE(thrown);
+  EXPECT_EQ(calls, strings{"opendir(d)"});
+  EXPECT_TRUE(is_untouched(entry));
+  ASSERT_EQ(open_streams(), 1);
+  EXPECT_EQ(::closedir(opened), 0);
+}
+
+TEST_F(find_handle, a_search_without_a_wildcard_asks_for_no_memory) {
+  m_tree.draw({"f"});
+  std::string const there = m_tree.path("f");
+  std::string const missing = m_tree.path("missing");
+  _finddata_t entry = untouched();
+  long found = -1;
+  long not_found = 0;
+  long asked_for = -1;
+  {
+    allocation_failure const failing(1);
+    found = FIO_FILE_SYSTEM::findfirst(there.c_str(), &entry);
+    not_found = FIO_FILE_SYSTEM::findfirst(missing.c_str(), &entry);
+    asked_for = failing.asked_for();
+  }
+  EXPECT_EQ(asked_for, 0);
+  EXPECT_EQ(found, 0);
+  EXPECT_STREQ(entry.name, "f");
+  EXPECT_EQ(not_found, -1);
 }
 
 // The calls of a walk
@@ -845,7 +911,7 @@ TEST_F(find_handle, the_longest_directory_leaves_room_for_one_byte_of_name) {
 
 TEST_F(find_handle, a_bare_pattern_of_the_greatest_length_is_compared_whole) {
   m_tree.draw({"x"});
-  ASSERT_EQ(::chdir(m_tree.root().c_str()), 0);
+  enter(m_tree);
   EXPECT_EQ(walked(repeated(1022, '*') + 'x'), strings{"x"});
   EXPECT_EQ(walked(repeated(1022, '*') + 'y'), strings{});
 }

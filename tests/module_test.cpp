@@ -57,6 +57,10 @@ TEST_F(module_frame, reports_a_broken_check_with_its_text_and_place) {
     EXPECT_EQ(row.error.file, row.file) << row.condition;
     EXPECT_GT(row.error.line, 0) << row.condition;
   }
+  // Each names its own line: the checks stand in this order in their files.
+  EXPECT_LT(rows[0].error.line, rows[1].error.line);
+  EXPECT_LT(rows[2].error.line, rows[3].error.line);
+  EXPECT_LT(rows[3].error.line, rows[4].error.line);
 }
 
 TEST_F(module_frame, reports_a_broken_assertion_of_boost_as_its_own) {

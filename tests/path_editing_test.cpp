@@ -9,11 +9,13 @@
 #include <new>
 #include <ostream>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "ccl/fio/fio_extension_type_info.h"
 #include "ccl/fio/fio_file_sys.h"
 #include "tests/support/allocation_failure.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -22,8 +24,6 @@ class path_editing : public fio_test {};
 namespace {
 
 using std::string_literals::operator""s;
-
-constexpr std::size_t longest = 1023;
 
 /// What is stored in a path, but for its drive, and the text that it makes.
 struct parts {
@@ -66,28 +66,10 @@ void expect_edits(edit_row const (&rows)[Count], FIO_PATH& (FIO_PATH::*edit)(std
   EXPECT_EQ(platform_double::debug_messages().size(), 0u);
 }
 
-FIO_PATH with_separator(char separator, std::string const& text) {
-  FIO_PATH path(text);
-  path.path_separator(separator);
-  return path;
-}
-
-/// A path with the separator `/` whose directory still has those of the path that was assigned to it.
-FIO_PATH assigned_from(FIO_PATH const& source) {
-  FIO_PATH path;
-  path = source;
-  return path;
-}
-
 FIO_PATH with_drive(std::string const& text) {
   FIO_PATH path(text);
   path.drive('C');
   return path;
-}
-
-std::string length_message(std::string const& path) {
-  return "Path name is too long -- must be shorter than 1024 characters\nPath (length " + std::to_string(path.size()) +
-         "): " + path + "\n";
 }
 
 constexpr FIO_EXTENSION_TYPE type(int value) { return static_cast<FIO_EXTENSION_TYPE>(value); }
@@ -96,12 +78,13 @@ constexpr FIO_EXTENSION_TYPE type(int value) { return static_cast<FIO_EXTENSION_
 struct setter {
   char const* name;
   FIO_PATH& (*edit)(FIO_PATH&);
+  char const* drive = nullptr; ///< what the text begins with afterwards, null: as before
 };
 
 setter const setters_but_filename[] = {
-    {"drive of a letter", [](FIO_PATH& path) -> FIO_PATH& { return path.drive('D'); }},
-    {"drive of a text", [](FIO_PATH& path) -> FIO_PATH& { return path.drive("E:"); }},
-    {"no drive", [](FIO_PATH& path) -> FIO_PATH& { return path.drive(""); }},
+    {"drive of a letter", [](FIO_PATH& path) -> FIO_PATH& { return path.drive('D'); }, "D:"},
+    {"drive of a text", [](FIO_PATH& path) -> FIO_PATH& { return path.drive("E:"); }, "E:"},
+    {"no drive", [](FIO_PATH& path) -> FIO_PATH& { return path.drive(""); }, ""},
     {"directory", [](FIO_PATH& path) -> FIO_PATH& { return path.directory("x\\y"); }},
     {"no directory", [](FIO_PATH& path) -> FIO_PATH& { return path.directory(""); }},
     {"base", [](FIO_PATH& path) -> FIO_PATH& { return path.base("d.e"); }},
@@ -120,6 +103,27 @@ setter const setters_but_filename[] = {
 };
 
 } // namespace
+
+// The exact types of the setters
+
+namespace {
+
+using letter_setter = FIO_PATH& (FIO_PATH::*)(char);
+using text_setter = FIO_PATH& (FIO_PATH::*)(std::string const&);
+
+} // namespace
+
+static_assert(has_type<letter_setter>(&FIO_PATH::drive));
+static_assert(has_type<text_setter>(&FIO_PATH::drive));
+static_assert(has_type<text_setter>(&FIO_PATH::directory));
+static_assert(has_type<text_setter>(&FIO_PATH::base));
+static_assert(has_type<text_setter>(&FIO_PATH::filename));
+static_assert(has_type<text_setter>(&FIO_PATH::tail));
+static_assert(std::is_same_v<decltype(&FIO_PATH::no_extension), FIO_PATH& (FIO_PATH::*)()>);
+static_assert(has_type<FIO_PATH& (FIO_PATH::*)(FIO_EXTENSION_TYPE, FIO_EXTENSION_TYPE)>(&FIO_PATH::extension));
+static_assert(has_type<FIO_PATH& (FIO_PATH::*)(FIO_EXTENSION_TYPE, std::string const&)>(&FIO_PATH::extension));
+static_assert(has_type<FIO_PATH& (FIO_PATH::*)(std::string const&, FIO_EXTENSION_TYPE)>(&FIO_PATH::extension));
+static_assert(has_type<FIO_PATH& (FIO_PATH::*)(std::string const&, std::string const&)>(&FIO_PATH::extension));
 
 // Drive
 
@@ -165,7 +169,7 @@ TEST_F(path_editing, a_drive_is_replaced_and_removed) {
   EXPECT_EQ(path.drive(), "");
   path.drive("");
   EXPECT_EQ(path.fullpath(), "/x");
-  EXPECT_TRUE(path.drive('E').drive(path.drive()).fullpath() == "/x");
+  EXPECT_EQ(path.drive('E').drive(path.drive()).fullpath(), "/x");
 }
 
 // Directory
@@ -261,7 +265,7 @@ TEST_F(path_editing, a_file_name_is_divided_and_its_directory_added_below) {
 
 TEST_F(path_editing, a_file_name_decides_about_the_legal_length_unless_it_is_empty) {
   FIO_PATH path("a/b/c.txt");
-  path.filename(repeated(longest + 1));
+  path.filename(repeated(longest_path + 1));
   EXPECT_FALSE(path.is_legal_length());
   EXPECT_EQ(parts_of(path), (parts{"a/b/", "", "", "a/b/"}));
 
@@ -278,7 +282,7 @@ TEST_F(path_editing, a_file_name_decides_about_the_legal_length_unless_it_is_emp
   EXPECT_FALSE(path.is_legal_length());
   EXPECT_EQ(parts_of(path), (parts{"a/b/", "", "", "a/b/"}));
 
-  path = repeated(longest + 1);
+  path = repeated(longest_path + 1);
   EXPECT_FALSE(path.is_legal_length());
   path.filename("d.h");
   EXPECT_TRUE(path.is_legal_length());
@@ -291,10 +295,12 @@ TEST_F(path_editing, a_file_name_of_any_legal_length_is_taken) {
     bool legal; ///< as a text of its own
     parts expected;
   } const rows[] = {
-      {repeated(longest), true, {"", repeated(longest), "", repeated(longest)}},
-      {repeated(longest + 1), false, {"", "", "", ""}},
-      {"x/" + repeated(longest - 2), true, {"x/", repeated(longest - 2), "", "x/" + repeated(longest - 2)}},
-      {"x/" + repeated(longest - 1), false, {"", "", "", ""}},
+      {repeated(longest_path), true, {"", repeated(longest_path), "", repeated(longest_path)}},
+      {repeated(longest_path + 1), false, {"", "", "", ""}},
+      {"x/" + repeated(longest_path - 2),
+       true,
+       {"x/", repeated(longest_path - 2), "", "x/" + repeated(longest_path - 2)}},
+      {"x/" + repeated(longest_path - 1), false, {"", "", "", ""}},
 
       // An extension is cut, with its dot, to 256 characters.
       {"d." + repeated(255), true, {"", "d", "." + repeated(255), "d." + repeated(255)}},
@@ -546,9 +552,9 @@ TEST_F(path_editing, joining_takes_the_last_dot_of_the_name_and_divides_nothing_
 }
 
 TEST_F(path_editing, joining_cuts_nothing_and_refuses_nothing) {
-  std::string const long_name = repeated(longest + 1);
-  FIO_PATH path(repeated(longest + 1, 'd'), long_name + "." + long_name);
-  EXPECT_EQ(path.get_path_components(FIO_PATH::DIRECTORY), repeated(longest + 1, 'd') + '/');
+  std::string const long_name = repeated(longest_path + 1);
+  FIO_PATH path(repeated(longest_path + 1, 'd'), long_name + "." + long_name);
+  EXPECT_EQ(path.get_path_components(FIO_PATH::DIRECTORY), repeated(longest_path + 1, 'd') + '/');
   EXPECT_EQ(path.get_path_components(FIO_PATH::BASE), long_name);
   EXPECT_EQ(path.get_path_components(FIO_PATH::EXTENSION), "." + long_name);
   EXPECT_FALSE(path.is_legal_length());
@@ -559,14 +565,14 @@ TEST_F(path_editing, joining_cuts_nothing_and_refuses_nothing) {
   EXPECT_EQ(path.fullpath(), "c");
   EXPECT_TRUE(path.is_legal_length());
 
-  EXPECT_TRUE(FIO_PATH("d", repeated(longest - 2)).is_legal_length());
-  EXPECT_FALSE(FIO_PATH("d", repeated(longest - 1)).is_legal_length());
+  EXPECT_TRUE(FIO_PATH("d", repeated(longest_path - 2)).is_legal_length());
+  EXPECT_FALSE(FIO_PATH("d", repeated(longest_path - 1)).is_legal_length());
   EXPECT_EQ(messages(), std::vector<std::string>());
 }
 
 TEST_F(path_editing, a_joined_path_has_the_default_separator) {
   FIO_PATH path("a", "b");
-  EXPECT_TRUE(path.filename("c/d").fullpath() == "a/c/d");
+  EXPECT_EQ(path.filename("c/d").fullpath(), "a/c/d");
   EXPECT_EQ(path.levels(), 2);
 }
 
@@ -732,19 +738,15 @@ TEST_F(path_editing, setters_chain_on_the_path_itself) {
 
 TEST_F(path_editing, the_text_is_made_anew_by_each_setter) {
   FIO_PATH path("/a/b/c.txt");
-  std::string drive;
   for (char letter : {'\0', 'C'}) {
     for (setter const& row : setters_but_filename) {
       SCOPED_TRACE(row.name);
       FIO_PATH edited(path);
       row.edit(edited.drive(letter));
-      drive = letter == '\0' ? "" : "C:";
-      drive = row.name == "drive of a letter"s ? "D:" : row.name == "drive of a text"s ? "E:" : drive;
-      drive = row.name == "no drive"s ? "" : drive;
+      char const* const drive = row.drive != nullptr ? row.drive : letter == '\0' ? "" : "C:";
       parts const stored = parts_of(edited);
       char text[1024];
-      FIO_FILE_SYSTEM::makepath(text, drive.c_str(), stored.directory.c_str(), stored.base.c_str(),
-                                stored.extension.c_str());
+      FIO_FILE_SYSTEM::makepath(text, drive, stored.directory.c_str(), stored.base.c_str(), stored.extension.c_str());
       EXPECT_EQ(edited.fullpath(), text);
     }
   }
@@ -753,17 +755,17 @@ TEST_F(path_editing, the_text_is_made_anew_by_each_setter) {
 TEST_F(path_editing, only_a_file_name_makes_a_refused_length_legal_again) {
   for (setter const& row : setters_but_filename) {
     SCOPED_TRACE(row.name);
-    FIO_PATH refused(repeated(longest + 1));
+    FIO_PATH refused(repeated(longest_path + 1));
     EXPECT_FALSE(row.edit(refused).is_legal_length());
     FIO_PATH accepted("a/b/c.t");
     EXPECT_TRUE(row.edit(accepted).is_legal_length());
   }
-  EXPECT_TRUE(FIO_PATH(repeated(longest + 1)).filename("x").is_legal_length());
+  EXPECT_TRUE(FIO_PATH(repeated(longest_path + 1)).filename("x").is_legal_length());
 }
 
 TEST_F(path_editing, an_edit_beyond_the_limit_is_kept_whole_and_noted_by_the_next_reader) {
-  std::string const long_text = repeated(longest);
-  std::string const half = repeated(longest / 2);
+  std::string const long_text = repeated(longest_path);
+  std::string const half = repeated(longest_path / 2);
   struct {
     char const* what;
     FIO_PATH from;
@@ -790,9 +792,9 @@ TEST_F(path_editing, an_edit_beyond_the_limit_is_kept_whole_and_noted_by_the_nex
       {"extension of a text and a type", FIO_PATH("a/c.t"),
        [&](FIO_PATH& path) -> FIO_PATH& { return path.extension(long_text, FIO_EXTENSION_TYPE_VHD); },
        "a/c." + long_text + ".vhd"},
-      {"extension of two types", FIO_PATH(repeated(longest - 1)),
+      {"extension of two types", FIO_PATH(repeated(longest_path - 1)),
        [](FIO_PATH& path) -> FIO_PATH& { return path.extension(FIO_EXTENSION_TYPE_VHD, FIO_EXTENSION_TYPE_V); },
-       repeated(longest - 1) + ".vhd.v"},
+       repeated(longest_path - 1) + ".vhd.v"},
   };
   for (auto const& row : rows) {
     SCOPED_TRACE(row.what);
@@ -824,7 +826,7 @@ TEST_F(path_editing, a_text_of_any_length_is_made_whole) {
     FIO_PATH path("/d/.t");
     path.base(repeated(length));
     EXPECT_EQ(parts_of(path), (parts{"/d/", repeated(length), ".t", "/d/" + repeated(length) + ".t"}));
-    EXPECT_EQ(path.is_legal_length(), length + 5 <= longest);
+    EXPECT_EQ(path.is_legal_length(), length + 5 <= longest_path);
   }
 }
 
@@ -857,4 +859,104 @@ TEST_F(path_editing, a_component_is_stored_before_memory_for_the_text_runs_out) 
   EXPECT_FALSE(path.is_legal_length());
   path.base("d");
   EXPECT_EQ(path.fullpath(), "b/d.txt");
+}
+
+namespace {
+
+/// The text that the stored components make, which need not be the one that the path has.
+std::string stored_text(FIO_PATH const& path) {
+  FIO_PATH copy(path);
+  copy.make_path(FIO_PATH::FILE_COMPONENTS{}, "");
+  return copy.fullpath();
+}
+
+/// Runs `edit` while allocations fail from this one on. Answers whether it came to an end all the same.
+bool ends_in_spite_of_failure(long first_to_fail, FIO_PATH& path, std::function<void(FIO_PATH&)> const& edit) {
+  try {
+    allocation_failure const failure(first_to_fail);
+    edit(path);
+    return true;
+  } catch (std::bad_alloc const&) {
+    return false;
+  }
+}
+
+/// A path whose base was set when there was memory for the base and none for the text.
+FIO_PATH with_stale_text(std::string const& from, std::string const& base) {
+  FIO_PATH path(from);
+  EXPECT_FALSE(ends_in_spite_of_failure(2, path, [&base](FIO_PATH& edited) { edited.base(base); }));
+  EXPECT_EQ(path.fullpath(), from);
+  EXPECT_EQ(path.get_path_components(FIO_PATH::BASE), base);
+  return path;
+}
+
+} // namespace
+
+TEST_F(path_editing, each_setter_stores_its_component_before_memory_for_the_text_runs_out) {
+  std::string const text = repeated(200); // short enough to be divided again as it is
+  std::string const long_name = repeated(100, 'c');
+  struct {
+    char const* what;
+    std::string from;
+    std::function<void(FIO_PATH&)> edit;
+    std::string expected;
+  } const rows[] = {
+      {"directory", "a/b/c.txt", [&](FIO_PATH& path) { path.directory(text); }, text + "/c.txt"},
+      {"base", "a/b/c.txt", [&](FIO_PATH& path) { path.base(text); }, "a/b/" + text + ".txt"},
+      {"tail", "a/b/c.txt", [&](FIO_PATH& path) { path.tail(text); }, "a/" + text + "/c.txt"},
+      {"extension", "a/b/c.txt", [&](FIO_PATH& path) { path.extension(text, ""); }, "a/b/c." + text},
+      {"drive", "a/" + long_name, [](FIO_PATH& path) { path.drive('C'); }, "C:a/" + long_name},
+  };
+  for (auto const& row : rows) {
+    bool stored_without_text = false;
+    bool ended = false;
+    for (long first_to_fail = 1; !ended; ++first_to_fail) {
+      SCOPED_TRACE(std::string(row.what) + ", allocation " + std::to_string(first_to_fail));
+      FIO_PATH path(row.from);
+      ended = ends_in_spite_of_failure(first_to_fail, path, row.edit);
+      EXPECT_EQ(path.fullpath(), ended ? row.expected : row.from);
+      bool const stored = stored_text(path) == row.expected;
+      EXPECT_EQ(stored_text(path), stored ? row.expected : row.from);
+      stored_without_text = stored_without_text || (stored && !ended);
+
+      path.base("n");
+      EXPECT_EQ(path.fullpath(), FIO_PATH(stored ? row.expected : row.from).base("n").fullpath());
+      EXPECT_EQ(path.drive("").directory("x").base("y").extension("z", "").fullpath(), "x/y.z");
+    }
+    EXPECT_TRUE(stored_without_text) << row.what;
+  }
+}
+
+TEST_F(path_editing, the_text_is_brought_up_to_date_by_an_edit_that_changes_no_component) {
+  std::string const base = repeated(2000);
+  struct {
+    char const* what;
+    std::function<FIO_PATH&(FIO_PATH&)> edit;
+  } const rows[] = {
+      {"the base that was not written", [&](FIO_PATH& path) -> FIO_PATH& { return path.base(base); }},
+      {"its own base", [](FIO_PATH& path) -> FIO_PATH& { return path.base(path.base()); }},
+      {"its own directory", [](FIO_PATH& path) -> FIO_PATH& { return path.directory(path.directory()); }},
+      {"its own extension", [](FIO_PATH& path) -> FIO_PATH& { return path.extension(path.extension(), ""); }},
+      {"no drive", [](FIO_PATH& path) -> FIO_PATH& { return path.drive(""); }},
+      {"its own base and no drive", [](FIO_PATH& path) -> FIO_PATH& { return path.base(path.base()).drive(""); }},
+  };
+  FIO_PATH const path = with_stale_text("a/c.txt", base);
+  for (auto const& row : rows) {
+    FIO_PATH copy(path);
+    EXPECT_EQ(copy.fullpath(), "a/c.txt") << row.what;
+    EXPECT_EQ(row.edit(copy).fullpath(), "a/" + base + ".txt") << row.what;
+  }
+  EXPECT_EQ(with_stale_text("a/c", base).no_extension().fullpath(), "a/" + base);
+  EXPECT_EQ(with_stale_text("a/c.txt", base).no_extension().fullpath(), "a/" + base);
+}
+
+TEST_F(path_editing, a_directory_is_stored_with_its_separator_or_not_at_all) {
+  std::string const text = repeated(300);
+  bool ended = false;
+  for (long first_to_fail = 1; !ended; ++first_to_fail) {
+    FIO_PATH path("a/b/c.txt");
+    ended = ends_in_spite_of_failure(first_to_fail, path, [&text](FIO_PATH& edited) { edited.directory(text); });
+    std::string const directory = path.get_path_components(FIO_PATH::DIRECTORY);
+    EXPECT_EQ(directory, directory == "a/b/" && !ended ? "a/b/" : text + '/') << first_to_fail;
+  }
 }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ccl/fio/fio_path.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -52,19 +53,6 @@ std::string absolute_text(std::string const& text, std::string const& directory)
 std::optional<std::string> canonical_text(std::string const& path) {
   auto const result = FIO_PATH::canonical(path);
   return result ? std::optional<std::string>(*result) : std::nullopt;
-}
-
-std::string too_long_message(std::string const& path) {
-  return "Path name is too long -- must be shorter than 1024 characters\nPath (length " + std::to_string(path.size()) +
-         "): " + path + "\n";
-}
-
-FIO_PATH assigned_from(std::string const& text, char separator) {
-  FIO_PATH source(text);
-  source.path_separator(separator);
-  FIO_PATH path;
-  path = source;
-  return path;
 }
 
 // A directory of the tree whose path has more than 1023 characters.
@@ -395,12 +383,24 @@ TEST_F(path_location, separator_of_the_path_is_kept) {
   }
 }
 
+// The older algorithm finds no components between unusual separators.
+TEST_F(path_location, path_is_simplified_by_the_algorithm_that_the_variable_selects) {
+  auto const anchored = [] {
+    FIO_PATH path("../b");
+    path.path_separator('|').become_absolute("/x/y");
+    return path.fullpath();
+  };
+  EXPECT_EQ(anchored(), "|x|/b");
+  ::setenv("fio_old_simplify", "1", 1);
+  EXPECT_EQ(anchored(), "|x|y|..|/b");
+}
+
 // Only the path's own separator makes it absolute, and the joined text is divided as usual.
 TEST_F(path_location, assigned_path_with_backslashes_is_relative) {
-  FIO_PATH path = assigned_from("/a/../b", '\\');
+  FIO_PATH path = assigned_from(with_separator('\\', "/a/../b"));
   path.become_absolute("/x");
   EXPECT_EQ(path.fullpath(), "/x/b");
-  FIO_PATH relative = assigned_from("a/b", '\\');
+  FIO_PATH relative = assigned_from(with_separator('\\', "a/b"));
   relative.become_absolute("/x");
   EXPECT_EQ(relative.fullpath(), "/x/a/b");
 }
@@ -478,7 +478,7 @@ TEST_F(path_location, relative_path_that_edits_made_too_long_is_noted_and_lost) 
   FIO_PATH path;
   path.directory(repeated(1100, 'd')).base("f");
   path.become_absolute("/x");
-  EXPECT_EQ(messages(), texts{too_long_message(repeated(1100, 'd') + "/f")});
+  EXPECT_EQ(messages(), texts{length_message(repeated(1100, 'd') + "/f")});
   EXPECT_EQ(path.fullpath(), "");
   EXPECT_FALSE(path.is_legal_length());
 }
@@ -568,9 +568,14 @@ TEST_F(path_location, moving_an_assigned_path_brings_it_to_its_separator) {
   };
   for (auto const& row : rows) {
     SCOPED_TRACE(std::string(row.path) + " from the separator " + row.separator + " to " + row.directory);
-    FIO_PATH path = assigned_from(row.path, row.separator);
+    FIO_PATH path = assigned_from(with_separator(row.separator, row.path));
     EXPECT_EQ(path.cd(row.directory).fullpath(), row.expected);
   }
+}
+
+TEST_F(path_location, moving_to_a_directory_that_begins_with_a_nul_simplifies) {
+  FIO_PATH path("a/../f.t");
+  EXPECT_EQ(path.cd(std::string("\0x", 2)).fullpath(), "f.t");
 }
 
 TEST_F(path_location, moving_a_path_with_a_drive_takes_the_drive_into_the_directory) {
@@ -590,7 +595,7 @@ TEST_F(path_location, moving_past_the_limit_is_noted_and_not_refused) {
 
   FIO_PATH longer("f");
   longer.cd(d);
-  EXPECT_EQ(messages(), texts{too_long_message(d + "/f")});
+  EXPECT_EQ(messages(), texts{length_message(d + "/f")});
   EXPECT_EQ(longer.directory(), d + "/");
   EXPECT_FALSE(longer.is_legal_length());
 
@@ -672,6 +677,19 @@ TEST_F(path_location, real_location_starts_at_the_real_current_directory) {
   for (std::string const& call : platform_double::calls()) {
     EXPECT_NE(call.rfind("osi_", 0), 0u) << call;
   }
+}
+
+TEST_F(path_location, real_location_of_an_empty_text_is_the_current_directory) {
+  m_tree.draw({"here/"});
+  ASSERT_EQ(::chdir(m_tree.path("here").c_str()), 0);
+  EXPECT_EQ(canonical_text(""), m_tree.path("here"));
+}
+
+// The system looks at the name up to there.
+TEST_F(path_location, real_location_keeps_what_stands_behind_a_nul) {
+  m_tree.draw({"here/f"});
+  ASSERT_EQ(::chdir(m_tree.path("here").c_str()), 0);
+  EXPECT_EQ(canonical_text(std::string("f\0x", 3)), m_tree.path("here") + std::string("/f\0x", 4));
 }
 
 TEST_F(path_location, real_location_is_a_text_as_the_system_has_it) {

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <climits>
+#include <new>
 #include <ostream>
 #include <string>
 #include <thread>
@@ -13,6 +15,8 @@
 
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/fio_path.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -61,13 +65,6 @@ std::string bytes(char const (&literal)[Size]) {
 }
 
 char const* own_text(FIO_PATH const& path) { return path; }
-
-FIO_PATH with_separator(char separator, char const* text) {
-  FIO_PATH path;
-  path.path_separator(separator);
-  path = text;
-  return path;
-}
 
 /// A path with something in every field, none of which may outlive the next text.
 FIO_PATH used_path() {
@@ -181,12 +178,6 @@ parsing_row const parsing_rows[] = {
 path_state const empty_state = {};
 path_state const refused_state = {"", "", "", "", '/', false};
 
-/// What the debug channel is told of a text that is too long.
-std::string length_message(std::string const& path) {
-  return "Path name is too long -- must be shorter than 1024 characters\nPath (length " + std::to_string(path.size()) +
-         "): " + path + "\n";
-}
-
 /// A path whose text was lengthened past the limit, which no edit refuses.
 FIO_PATH lengthened_path(std::size_t length) {
   FIO_PATH path("a/b.c");
@@ -199,6 +190,28 @@ FIO_PATH lengthened_path(std::size_t length) {
 class path_parsing : public fio_test {};
 
 static_assert(!std::is_polymorphic_v<FIO_PATH>, "a path is a plain value");
+static_assert(sizeof(FIO_PATH) == 5 * sizeof(std::string) + 8, "five texts, a separator and the mark of a refusal");
+static_assert(std::is_nothrow_move_constructible_v<FIO_PATH>);
+static_assert(std::is_nothrow_move_assignable_v<FIO_PATH>);
+
+// The exact types of the operations
+
+static_assert(std::is_same_v<decltype(&FIO_PATH::fullpath), std::string (FIO_PATH::*)() const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::operator std::string), std::string (FIO_PATH::*)() const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::operator char const*), char const* (FIO_PATH::*)() const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::split_full_path), void (FIO_PATH::*)(char const*)>);
+static_assert(
+    std::is_same_v<decltype(&FIO_PATH::make_path), void (FIO_PATH::*)(FIO_PATH::FILE_COMPONENTS, std::string const&)>);
+static_assert(
+    std::is_same_v<decltype(&FIO_PATH::sync_path_separators), std::string (FIO_PATH::*)(std::string const&) const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::path_separator), FIO_PATH& (FIO_PATH::*)(char)>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::default_path_separator), char (*)()>);
+static_assert(has_type<bool (*)(char const*)>(&FIO_PATH::is_unc_path));
+static_assert(has_type<bool (*)(std::string const&)>(&FIO_PATH::is_unc_path));
+static_assert(std::is_same_v<decltype(&FIO_PATH::convert_unc_to_path_with_drive), bool (*)(char const*, std::string&)>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::convert_path_with_drive_to_unc), bool (*)(char const*, std::string&)>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::change_path_separators_for_windows_api), void (*)()>);
+static_assert(std::is_same_v<decltype(&fio_display_path_too_long_assert_message), void (*)(char const*)>);
 
 // Division of a text
 
@@ -230,6 +243,15 @@ TEST_F(path_parsing, a_null_text_leaves_an_empty_path) {
   FIO_PATH divided = used_path();
   divided.split_full_path(none);
   EXPECT_EQ(state_of(divided), empty_state);
+}
+
+TEST_F(path_parsing, a_text_that_is_taken_or_refused_leaves_the_error_number_alone) {
+  errno = 77;
+  FIO_PATH path("a/b");
+  EXPECT_EQ(errno, 77);
+  path = repeated(2000);
+  EXPECT_EQ(errno, 77);
+  EXPECT_EQ(state_of(path), refused_state);
 }
 
 TEST_F(path_parsing, every_text_removes_a_drive) {
@@ -439,13 +461,62 @@ TEST_F(path_parsing, a_path_is_of_legal_length_while_its_text_is) {
   EXPECT_TRUE(path.is_legal_length());
 
   // The text that is made can be longer than the one that was given.
-  FIO_PATH grown = with_separator('|', ("a/" + repeated(1020)).c_str());
+  FIO_PATH grown = with_separator('|', "a/" + repeated(1020));
   EXPECT_TRUE(grown.is_legal_length());
   grown = "a/" + repeated(1021);
   EXPECT_FALSE(grown.is_legal_length());
   EXPECT_EQ(messages(), texts());
   EXPECT_EQ(grown.fullpath(), "a|/" + repeated(1021));
   EXPECT_EQ(messages(), texts{length_message("a|/" + repeated(1021))});
+}
+
+TEST_F(path_parsing, a_path_stays_as_it_is_if_there_is_no_memory_for_the_components_of_a_text) {
+  std::string const text = repeated(100) + "/b";
+  FIO_PATH refused(repeated(1024));
+  FIO_PATH with_drive("a/b.c");
+  with_drive.drive('C');
+  for (FIO_PATH* const path : {&refused, &with_drive}) {
+    path_state const before = state_of(*path);
+    {
+      allocation_failure const failure(1);
+      EXPECT_THROW(*path = text, std::bad_alloc);
+    }
+    EXPECT_EQ(state_of(*path), before);
+  }
+  EXPECT_EQ(state_of(refused), refused_state);
+  EXPECT_EQ(with_drive.fullpath(), "C:a/b.c");
+  EXPECT_EQ(renamed(with_drive), "C:a/n.c");
+}
+
+TEST_F(path_parsing, a_path_can_be_used_on_whichever_memory_was_missing_for_a_text) {
+  std::string const text = repeated(100, 'd') + '/' + repeated(100, 'b') + '.' + repeated(100, 'e');
+  FIO_PATH from("a/b.c");
+  from.drive('C');
+  path_state const before = state_of(from);
+  int failures = 0;
+  for (bool failed = true; failed;) {
+    FIO_PATH path(from);
+    try {
+      allocation_failure const failure(failures + 1);
+      path = text;
+      failed = false;
+    } catch (std::bad_alloc const&) {
+      ++failures;
+    }
+    SCOPED_TRACE("failure " + std::to_string(failures));
+    if (failed && failures <= 3) { // of base, extension and directory
+      EXPECT_EQ(state_of(path), before);
+      FIO_PATH edited(path);
+      EXPECT_EQ(renamed(edited), "C:a/n.c");
+    }
+    if (!failed) {
+      EXPECT_EQ(state_of(path),
+                (path_state{repeated(100, 'd') + '/', repeated(100, 'b'), '.' + repeated(100, 'e'), text}));
+    }
+    path = "x/y.z";
+    EXPECT_EQ(state_of(path), (path_state{"x/", "y", ".z", "x/y.z"}));
+  }
+  EXPECT_GE(failures, 3);
 }
 
 // Copying and moving
@@ -480,7 +551,7 @@ sample const samples[] = {
     {"backslashes", "a\\b\\n.d", [] { return with_separator('\\', "a/b/c.d"); }},
     {"bars", "a|b|/n.d", [] { return with_separator('|', "a/b/c.d"); }},
     {"refused", "n", [] { return FIO_PATH(repeated(1024)); }},
-    {"refused, backslashes", "n", [] { return with_separator('\\', repeated(1024).c_str()); }},
+    {"refused, backslashes", "n", [] { return with_separator('\\', repeated(1024)); }},
     {"lengthened", "a/n.c", [] { return lengthened_path(2000); }},
     {"with a NUL", "a/n.c", path_with_nul},
 };
@@ -557,6 +628,17 @@ TEST_F(path_parsing, move_assignment_leaves_separator_and_refusal_behind_in_a_re
       EXPECT_EQ(renamed(source), "n") << "a drive was left behind";
     }
   }
+}
+
+TEST_F(path_parsing, a_move_hands_over_the_text_itself) {
+  FIO_PATH first("d/" + repeated(300));
+  char const* const text = first;
+  FIO_PATH second(std::move(first));
+  EXPECT_EQ(static_cast<void const*>(own_text(second)), static_cast<void const*>(text));
+  FIO_PATH third("e/" + repeated(400, 'y'));
+  third = std::move(second);
+  EXPECT_EQ(static_cast<void const*>(own_text(third)), static_cast<void const*>(text));
+  EXPECT_EQ(third.fullpath(), "d/" + repeated(300));
 }
 
 TEST_F(path_parsing, assigning_a_path_to_itself_changes_nothing) {
@@ -724,6 +806,31 @@ TEST_F(path_parsing, make_path_stores_nothing_for_a_value_that_names_no_single_c
     EXPECT_EQ(state_of(path), (path_state{"a/", "b", ".c", "a/b.c"})) << component;
     EXPECT_EQ(renamed(path), "a/n.c") << component;
   }
+}
+
+TEST_F(path_parsing, make_path_makes_the_text_anew_for_a_value_that_names_no_single_component) {
+  std::string const base = repeated(2000);
+  FIO_PATH path("a/c.t");
+  {
+    allocation_failure const failure(2); // the base is stored, and there is no room for the text
+    EXPECT_THROW(path.make_path(FIO_PATH::BASE, base), std::bad_alloc);
+  }
+  EXPECT_EQ(path.fullpath(), "a/c.t");
+  path.make_path(static_cast<FIO_PATH::FILE_COMPONENTS>(15), "");
+  EXPECT_EQ(path.fullpath(), "a/" + base + ".t");
+}
+
+TEST_F(path_parsing, make_path_asks_for_no_memory_while_the_text_has_room) {
+  FIO_PATH path("d/" + repeated(300) + ".t");
+  std::string const base = "short";
+  long asked_for = -1;
+  {
+    allocation_failure const failure(1);
+    path.make_path(FIO_PATH::BASE, base);
+    asked_for = failure.asked_for();
+  }
+  EXPECT_EQ(asked_for, 0);
+  EXPECT_EQ(state_of(path), (path_state{"d/", "short", ".t", "d/short.t"}));
 }
 
 TEST_F(path_parsing, components_are_single_bits) {
@@ -906,6 +1013,16 @@ TEST_F(path_parsing, there_are_no_network_paths) {
     EXPECT_FALSE(FIO_PATH::convert_path_with_drive_to_unc(text, untouched));
     EXPECT_EQ(untouched, "untouched");
   }
+}
+
+TEST_F(path_parsing, null_is_no_network_path) {
+  char const* const none = nullptr;
+  std::string untouched = "untouched";
+  EXPECT_FALSE(FIO_PATH::is_unc_path(none));
+  EXPECT_FALSE(FIO_PATH::convert_unc_to_path_with_drive(none, untouched));
+  EXPECT_EQ(untouched, "untouched");
+  EXPECT_FALSE(FIO_PATH::convert_path_with_drive_to_unc(none, untouched));
+  EXPECT_EQ(untouched, "untouched");
 }
 
 TEST_F(path_parsing, the_default_separator_is_a_slash_and_stays_one) {

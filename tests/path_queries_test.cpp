@@ -8,8 +8,12 @@
 #include <climits>
 #include <functional>
 #include <string>
+#include <thread>
+#include <type_traits>
 #include <vector>
 
+#include "tests/support/allocation_failure.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -19,31 +23,11 @@ namespace {
 
 using std::string_literals::operator""s;
 
-constexpr std::size_t longest = 1023;
-
-FIO_PATH with_separator(char separator, std::string const& text) {
-  FIO_PATH path(text);
-  path.path_separator(separator);
-  return path;
-}
-
-/// A path with the separator `/` whose directory still has those of the path that was assigned to it.
-FIO_PATH assigned_from(FIO_PATH const& source) {
-  FIO_PATH path;
-  path = source;
-  return path;
-}
-
 /// "aa/bb/xx...x.ext" with a text of exactly `length` characters. The name was lengthened by an edit.
 FIO_PATH path_of_length(std::size_t length) {
   FIO_PATH path("aa/bb/.ext");
   path.base(repeated(length - path.fullpath().size()));
   return path;
-}
-
-std::string length_message(std::string const& path) {
-  return "Path name is too long -- must be shorter than 1024 characters\nPath (length " + std::to_string(path.size()) +
-         "): " + path + "\n";
 }
 
 std::vector<std::string> level_names(FIO_PATH const& path) {
@@ -129,6 +113,42 @@ std::vector<reader> const& all_readers() {
 
 } // namespace
 
+// The exact types of the queries
+
+namespace {
+
+using text_query = std::string (FIO_PATH::*)() const;
+using yes_or_no_query = bool (FIO_PATH::*)() const;
+
+} // namespace
+
+static_assert(std::is_same_v<decltype(&FIO_PATH::get_path_components), std::string (FIO_PATH::*)(int) const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::has_drive), yes_or_no_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::has_directory), yes_or_no_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::has_extension), yes_or_no_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::absolute), yes_or_no_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::directory_path), yes_or_no_query>);
+static_assert(has_type<text_query>(&FIO_PATH::drive));
+static_assert(has_type<text_query>(&FIO_PATH::directory));
+static_assert(std::is_same_v<decltype(&FIO_PATH::full_directory), text_query>);
+static_assert(has_type<text_query>(&FIO_PATH::base));
+static_assert(has_type<text_query>(&FIO_PATH::extension));
+static_assert(has_type<text_query>(&FIO_PATH::filename));
+static_assert(std::is_same_v<decltype(&FIO_PATH::levels), int (FIO_PATH::*)() const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::operator[]), std::string (FIO_PATH::*)(int) const>);
+static_assert(has_type<text_query>(&FIO_PATH::tail));
+static_assert(std::is_same_v<decltype(&FIO_PATH::is_dot_directory), bool (*)(std::string const&)>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::legal), bool (FIO_PATH::*)(int) const>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::is_legal_length), yes_or_no_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::unc), yes_or_no_query>);
+static_assert(has_type<bool (*)(unsigned long)>(&FIO_PATH::is_path_length_within_operating_system_limits));
+static_assert(has_type<bool (*)(std::string const&)>(&FIO_PATH::is_path_length_within_operating_system_limits));
+static_assert(std::is_same_v<decltype(&FIO_PATH::fullpath), text_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::operator std::string), text_query>);
+static_assert(std::is_same_v<decltype(&FIO_PATH::operator char const*), char const* (FIO_PATH::*)() const>);
+
+// The answers
+
 TEST_F(path_queries, every_query_answers_from_the_parsed_components) {
   constexpr bool yes = true;
   constexpr bool no = false;
@@ -144,7 +164,8 @@ TEST_F(path_queries, every_query_answers_from_the_parsed_components) {
       {"name.txt", {"name.txt", "", "name", "txt", "name.txt", {}, "", no, yes, no, no}},
       {"f.t", {"f.t", "", "f", "t", "f.t", {}, "", no, yes, no, no}},
       {"name", {"name", "", "name", "", "name", {}, "", no, no, no, no}},
-      {repeated(longest), {repeated(longest), "", repeated(longest), "", repeated(longest), {}, "", no, no, no, no}},
+      {repeated(longest_path),
+       {repeated(longest_path), "", repeated(longest_path), "", repeated(longest_path), {}, "", no, no, no, no}},
 
       // A directory alone.
       {"/", {"/", "/", "", "", "", {}, "", yes, no, yes, yes}},
@@ -303,7 +324,7 @@ TEST_F(path_queries, a_drive_shows_in_the_text_and_in_the_tail_alone) {
 TEST_F(path_queries, levels_are_divided_by_the_separator_of_the_path_alone) {
   struct {
     char separator;
-    char const* text; ///< before the separator is changed
+    char const* text;
     answers expected;
   } const rows[] = {
       {'\\',
@@ -446,14 +467,14 @@ TEST_F(path_queries, dot_directories_are_the_two_names_alone) {
 }
 
 TEST_F(path_queries, each_reader_that_checks_the_length_says_so_once_and_tail_twice) {
-  for (std::size_t length : {longest, longest + 1, longest + 500}) {
+  for (std::size_t length : {longest_path, longest_path + 1, longest_path + 500}) {
     FIO_PATH const path = path_of_length(length);
     std::string const text = "aa/bb/" + repeated(length - 10) + ".ext";
     for (reader const& row : all_readers()) {
       SCOPED_TRACE(std::string(row.name) + ", " + std::to_string(length));
       platform_double::debug_messages().clear();
       row.read(path);
-      std::size_t const expected = length <= longest ? 0 : row.messages;
+      std::size_t const expected = length <= longest_path ? 0 : row.messages;
       EXPECT_EQ(messages(), std::vector<std::string>(expected, length_message(text)));
       for (platform_double::debug_message const& message : platform_double::debug_messages()) {
         EXPECT_EQ(message.module, "FIO");
@@ -464,9 +485,9 @@ TEST_F(path_queries, each_reader_that_checks_the_length_says_so_once_and_tail_tw
 
 TEST_F(path_queries, the_length_is_checked_without_a_directory_and_with_nothing_to_answer) {
   FIO_PATH name;
-  name.base(repeated(longest + 1));
+  name.base(repeated(longest_path + 1));
   FIO_PATH directory;
-  directory.directory(repeated(longest));
+  directory.directory(repeated(longest_path));
   for (FIO_PATH const& path : {name, directory}) {
     for (reader const& row : all_readers()) {
       SCOPED_TRACE(row.name);
@@ -479,8 +500,8 @@ TEST_F(path_queries, the_length_is_checked_without_a_directory_and_with_nothing_
 
 TEST_F(path_queries, the_message_shows_the_whole_text_with_its_drive_and_its_percent_signs) {
   FIO_PATH path("%s/%n.x");
-  path.drive('%').base("%d" + repeated(longest));
-  std::string const text = "%:%s/%d" + repeated(longest) + ".x";
+  path.drive('%').base("%d" + repeated(longest_path));
+  std::string const text = "%:%s/%d" + repeated(longest_path) + ".x";
   EXPECT_EQ(path.directory(), "%s/");
   ASSERT_EQ(platform_double::debug_messages().size(), 1u);
   EXPECT_EQ(platform_double::debug_messages().front().module, "FIO");
@@ -488,7 +509,7 @@ TEST_F(path_queries, the_message_shows_the_whole_text_with_its_drive_and_its_per
 }
 
 TEST_F(path_queries, a_text_that_is_too_long_changes_no_answer_but_the_tail) {
-  std::string const base = repeated(longest - 10, 'b');
+  std::string const base = repeated(longest_path - 10, 'b');
   FIO_PATH path("aa/bb/" + base + ".ext");
   expect_answers(
       path,
@@ -527,7 +548,7 @@ TEST_F(path_queries, levels_are_counted_in_a_text_of_any_length) {
 }
 
 TEST_F(path_queries, a_refused_text_leaves_nothing_to_say) {
-  FIO_PATH const path(repeated(longest + 1));
+  FIO_PATH const path(repeated(longest_path + 1));
   EXPECT_FALSE(path.is_legal_length());
   expect_answers(path, {"", "", "", "", "", {}, "", false, false, false, false});
   EXPECT_EQ(messages(), std::vector<std::string>());
@@ -535,9 +556,12 @@ TEST_F(path_queries, a_refused_text_leaves_nothing_to_say) {
 
 TEST_F(path_queries, no_query_changes_the_path_or_asks_the_system) {
   FIO_PATH const paths[] = {FIO_PATH("a/b/c.txt"), with_separator('\\', "/a/b.c"),
-                            assigned_from(with_separator('|', "a/b/c")), path_of_length(longest + 7)};
+                            assigned_from(with_separator('|', "a/b/c")), path_of_length(longest_path + 7)};
   for (FIO_PATH const& path : paths) {
     std::string const text = path.fullpath();
+    std::string const components = path.get_path_components(15);
+    bool const legal = path.is_legal_length();
+    int const levels = path.levels();
     char const* const address = path;
     platform_double::record_calls(true);
     for (reader const& row : all_readers()) {
@@ -545,9 +569,76 @@ TEST_F(path_queries, no_query_changes_the_path_or_asks_the_system) {
       row.read(path);
       EXPECT_EQ(path.fullpath(), text);
       EXPECT_EQ(path.operator char const*(), address);
+      EXPECT_EQ(path.get_path_components(15), components);
+      EXPECT_EQ(path.is_legal_length(), legal);
+      EXPECT_EQ(path.levels(), levels);
     }
     platform_double::record_calls(false);
     EXPECT_EQ(platform_double::calls(), std::vector<std::string>());
+  }
+}
+
+TEST_F(path_queries, several_threads_may_read_one_path) {
+  FIO_PATH const path("a/b/" + repeated(100) + ".txt");
+  answers const expected = {"a/b/" + repeated(100) + ".txt",
+                            "a/b/",
+                            repeated(100),
+                            "txt",
+                            repeated(100) + ".txt",
+                            {"a", "b"},
+                            "b",
+                            true,
+                            true,
+                            false,
+                            false};
+  std::vector<std::thread> threads;
+  for (int count = 0; count != 2; ++count) {
+    threads.emplace_back([&path, &expected] {
+      for (int round = 0; round != 50; ++round) {
+        for (reader const& row : all_readers()) {
+          row.read(path);
+        }
+        expect_answers(path, expected);
+        EXPECT_EQ(path.get_path_components(15), expected.fullpath);
+        EXPECT_TRUE(path.is_legal_length());
+        EXPECT_TRUE(path.legal(1));
+        EXPECT_FALSE(path.legal(2));
+        EXPECT_FALSE(path.unc());
+      }
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  EXPECT_EQ(messages(), std::vector<std::string>());
+}
+
+TEST_F(path_queries, a_query_that_makes_no_text_asks_for_no_memory) {
+  FIO_PATH const path("/aa/bb/" + repeated(100) + ".ext");
+  struct {
+    char const* name;
+    bool (*holds)(FIO_PATH const& path);
+  } const rows[] = {
+      {"operator char const*", [](FIO_PATH const& read) { return *read.operator char const*() == '/'; }},
+      {"levels", [](FIO_PATH const& read) { return read.levels() == 2; }},
+      {"legal", [](FIO_PATH const& read) { return read.legal(1); }},
+      {"absolute", [](FIO_PATH const& read) { return read.absolute(); }},
+      {"has_drive", [](FIO_PATH const& read) { return !read.has_drive(); }},
+      {"has_directory", [](FIO_PATH const& read) { return read.has_directory(); }},
+      {"has_extension", [](FIO_PATH const& read) { return read.has_extension(); }},
+      {"directory_path", [](FIO_PATH const& read) { return !read.directory_path(); }},
+      {"is_legal_length", [](FIO_PATH const& read) { return read.is_legal_length(); }},
+  };
+  for (auto const& row : rows) {
+    bool holds = false;
+    long asked_for = -1;
+    {
+      allocation_failure const failure(1);
+      holds = row.holds(path);
+      asked_for = failure.asked_for();
+    }
+    EXPECT_TRUE(holds) << row.name;
+    EXPECT_EQ(asked_for, 0) << row.name;
   }
 }
 

@@ -3,11 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "ccl/fio/fio_path.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -44,27 +47,14 @@ std::string simplified_old(std::string const& text) {
   return path.fullpath();
 }
 
-std::string too_long_message(std::string const& path) {
-  return "Path name is too long -- must be shorter than 1024 characters\nPath (length " + std::to_string(path.size()) +
-         "): " + path + "\n";
-}
-
-std::string with_separator(std::string text, char separator) {
+// The text with another character for each slash.
+std::string separated_by(std::string text, char separator) {
   for (char& character : text) {
     if (character == '/') {
       character = separator;
     }
   }
   return text;
-}
-
-// A path that was assigned from one with another separator: it has `/` for its own, and the directory of its source.
-FIO_PATH assigned_from(std::string const& text, char separator) {
-  FIO_PATH source(text);
-  source.path_separator(separator);
-  FIO_PATH path;
-  path = source;
-  return path;
 }
 
 struct result_row {
@@ -240,11 +230,11 @@ std::string told_result(std::string const& text, bool old) {
   return result + (base == "." ? "" : base) + (extension == "." ? "" : extension);
 }
 
-// Every text of at least one character and at most `longest` of them.
-std::vector<std::string> all_texts(std::string const& alphabet, std::size_t longest) {
+// Every text of at least one character and at most `size` of them.
+std::vector<std::string> all_texts(std::string const& alphabet, std::size_t size) {
   std::vector<std::string> texts{""};
   std::size_t first = 0;
-  for (std::size_t length = 1; length <= longest; ++length) {
+  for (std::size_t length = 1; length <= size; ++length) {
     std::size_t const end = texts.size();
     for (; first != end; ++first) {
       for (char const character : alphabet) {
@@ -490,6 +480,28 @@ TEST_F(path_simplification, base_is_compared_up_to_its_first_nul) {
   }
 }
 
+TEST_F(path_simplification, extension_is_compared_as_a_whole) {
+  for (auto* const simplify : {simplify_new, simplify_old}) {
+    FIO_PATH path("a/b");
+    path.make_path(FIO_PATH::EXTENSION, std::string(".\0x", 3));
+    simplify(path);
+    EXPECT_EQ(path.get_path_components(FIO_PATH::EXTENSION), std::string(".\0x", 3));
+    EXPECT_EQ(path.fullpath(), "a/b.");
+  }
+}
+
+// Of such a directory nothing is in the text, which is what is walked.
+TEST_F(path_simplification, directory_that_begins_with_a_nul_goes) {
+  for (auto* const simplify : {simplify_new, simplify_old}) {
+    FIO_PATH path;
+    path.directory(std::string("\0x", 2));
+    ASSERT_TRUE(path.has_directory());
+    simplify(path);
+    EXPECT_FALSE(path.has_directory());
+    EXPECT_EQ(path.fullpath(), "");
+  }
+}
+
 // The components come from the text, so those that an edit put into the base count, and the base keeps them too.
 TEST_F(path_simplification, separators_in_the_base_make_components) {
   for (auto* const simplify : {simplify_new, simplify_old}) {
@@ -616,9 +628,9 @@ TEST_F(path_simplification, backslash_as_the_separator_gives_the_same_results) {
     path.path_separator('\\');
     FIO_PATH other(path);
     simplify_new(path);
-    EXPECT_EQ(path.fullpath(), with_separator(row.expected, '\\'));
+    EXPECT_EQ(path.fullpath(), separated_by(row.expected, '\\'));
     simplify_old(other);
-    EXPECT_EQ(other.fullpath(), with_separator(row.old_result(), '\\'));
+    EXPECT_EQ(other.fullpath(), separated_by(row.old_result(), '\\'));
   }
 }
 
@@ -635,7 +647,7 @@ TEST_F(path_simplification, any_separator_gives_the_same_results) {
       simplify_new(path);
       FIO_PATH const expected(row.expected);
       // The text has a slash behind a directory that ends in neither slash nor backslash.
-      EXPECT_EQ(path.directory(), with_separator(expected.directory(), separator));
+      EXPECT_EQ(path.directory(), separated_by(expected.directory(), separator));
       EXPECT_EQ(path.fullpath(), path.directory() + (path.has_directory() ? "/" : "") + expected.filename());
     }
   }
@@ -689,6 +701,15 @@ TEST_F(path_simplification, backslashes_between_unusual_separators_are_component
   EXPECT_EQ(levels.fullpath(), "x|a|b|/f");
 }
 
+// What begins with the separator is no root without a directory, so ".." takes it away with the component behind it.
+TEST_F(path_simplification, component_that_begins_with_the_separator_goes_as_a_whole_for_the_older_algorithm) {
+  FIO_PATH path("f");
+  path.path_separator('|').base("|x/../f");
+  simplify_old(path);
+  EXPECT_EQ(path.directory(), "");
+  EXPECT_EQ(path.fullpath(), "|x/../f");
+}
+
 TEST_F(path_simplification, separator_is_kept) {
   for (auto* const simplify : {simplify_new, simplify_old}) {
     FIO_PATH path("a/./b");
@@ -723,11 +744,11 @@ TEST_F(path_simplification, assigned_path_with_backslashes_is_one_component) {
   };
   for (auto const& row : rows) {
     SCOPED_TRACE(row.given);
-    FIO_PATH path = assigned_from(row.given, '\\');
+    FIO_PATH path = assigned_from(with_separator('\\', row.given));
     ASSERT_EQ(path.fullpath(), row.assigned);
     simplify_new(path);
     EXPECT_EQ(path.fullpath(), row.expected);
-    FIO_PATH other = assigned_from(row.given, '\\');
+    FIO_PATH other = assigned_from(with_separator('\\', row.given));
     simplify_old(other);
     EXPECT_EQ(other.fullpath(), row.expected_old);
   }
@@ -747,7 +768,7 @@ TEST_F(path_simplification, assigned_path_with_one_slash_ends_its_components_the
   for (auto const& row : rows) {
     for (auto* const simplify : {simplify_new, simplify_old}) {
       SCOPED_TRACE(std::string(row.given) + (simplify == simplify_old ? " (old)" : ""));
-      FIO_PATH path = assigned_from(row.given, '|');
+      FIO_PATH path = assigned_from(with_separator('|', row.given));
       ASSERT_EQ(path.fullpath(), row.assigned);
       simplify(path);
       EXPECT_EQ(path.fullpath(), row.assigned);
@@ -755,7 +776,7 @@ TEST_F(path_simplification, assigned_path_with_one_slash_ends_its_components_the
     }
   }
 
-  FIO_PATH in_the_base = assigned_from("a/f", '\\');
+  FIO_PATH in_the_base = assigned_from(with_separator('\\', "a/f"));
   in_the_base.base("x/y");
   ASSERT_EQ(in_the_base.fullpath(), "a\\x/y");
   simplify_new(in_the_base);
@@ -778,7 +799,7 @@ struct length_row {
 };
 
 std::vector<std::string> message_about(std::string const& text, bool expected) {
-  return expected ? std::vector<std::string>{too_long_message(text)} : std::vector<std::string>();
+  return expected ? std::vector<std::string>{length_message(text)} : std::vector<std::string>();
 }
 
 } // namespace
@@ -889,6 +910,14 @@ TEST_F(path_simplification, refused_text_is_left_alone_and_stays_refused) {
   EXPECT_EQ(messages(), std::vector<std::string>());
 }
 
+TEST_F(path_simplification, length_of_an_edited_text_is_noted_whatever_was_refused_before) {
+  FIO_PATH path(repeated(1024));
+  path.directory(repeated(1100, 'd')).base("f");
+  ASSERT_EQ(messages(), std::vector<std::string>());
+  path.flatten();
+  EXPECT_EQ(messages(), message_about(repeated(1100, 'd') + "/f", true));
+}
+
 TEST_F(path_simplification, long_texts_of_legal_length_simplify_in_full) {
   std::string climbing;
   std::string plain;
@@ -912,5 +941,78 @@ TEST_F(path_simplification, long_texts_of_legal_length_simplify_in_full) {
     FIO_PATH beyond(plain + climbing + "../../f");
     simplify(beyond);
     EXPECT_EQ(beyond.fullpath(), "../../f");
+  }
+}
+
+// Memory
+
+namespace {
+
+struct stored {
+  std::string directory;
+  std::string base;
+  std::string extension;
+  std::string text;
+};
+
+stored stored_in(FIO_PATH const& path) {
+  return {path.get_path_components(FIO_PATH::DIRECTORY), path.get_path_components(FIO_PATH::BASE),
+          path.get_path_components(FIO_PATH::EXTENSION), path.fullpath()};
+}
+
+void expect_stored(FIO_PATH const& path, stored const& expected) {
+  EXPECT_EQ(path.get_path_components(FIO_PATH::DIRECTORY), expected.directory);
+  EXPECT_EQ(path.get_path_components(FIO_PATH::BASE), expected.base);
+  EXPECT_EQ(path.get_path_components(FIO_PATH::EXTENSION), expected.extension);
+  EXPECT_EQ(path.fullpath(), expected.text);
+}
+
+// Simplifies copies of a path with less and less memory missing, until there is enough.
+void expect_all_or_nothing(FIO_PATH const& path, bool has_drive, std::string const& expected) {
+  stored const before = stored_in(path);
+  long first_to_fail = 1;
+  for (bool ended = false; !ended; ++first_to_fail) {
+    SCOPED_TRACE("allocation " + std::to_string(first_to_fail));
+    FIO_PATH copy(path);
+    try {
+      allocation_failure const failure(first_to_fail);
+      copy.become_simplified();
+      ended = true;
+    } catch (std::bad_alloc const&) {
+      expect_stored(copy, before);
+    }
+    if (!has_drive) {
+      EXPECT_EQ(copy.directory() + copy.filename(), copy.fullpath());
+    }
+    if (ended) {
+      EXPECT_EQ(copy.fullpath(), expected);
+    }
+  }
+  EXPECT_GT(first_to_fail, 2) << "memory never ran out";
+}
+
+} // namespace
+
+TEST_F(path_simplification, nothing_is_changed_when_memory_runs_out) {
+  std::string const x = repeated(20);
+  struct {
+    std::string given;
+    std::string expected;
+    std::string expected_with_drive;
+  } const rows[] = {
+      {"/" + x + "/f.", "/" + x + "/f", "C:/C:/" + x + "/f"},
+      {"/" + x + "/..f", "/" + x + "/.f", "C:/C:/" + x + "/.f"},
+  };
+  for (bool const old : {false, true}) {
+    if (old) {
+      set_variable("1");
+    }
+    for (auto const& row : rows) {
+      SCOPED_TRACE(row.given + (old ? " (old)" : ""));
+      FIO_PATH path(row.given);
+      expect_all_or_nothing(path, false, row.expected);
+      path.drive('C');
+      expect_all_or_nothing(path, true, row.expected_with_drive);
+    }
   }
 }

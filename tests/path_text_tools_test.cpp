@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <iterator>
 #include <new>
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 #include <vector>
 
@@ -15,6 +17,7 @@
 #include "ccl/fio/fio_path.h"
 #include "ccl/osi/osi.h"
 #include "tests/support/allocation_failure.h"
+#include "tests/support/calls.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -23,6 +26,16 @@ namespace {
 using texts = std::vector<std::string>;
 
 char const* const none = nullptr;
+
+using makepath_form = void (*)(char*, char const*, char const*, char const*, char const*);
+using splitpath_into_buffers = bool (*)(char const*, char*, char*, char*, char*);
+using splitpath_into_strings = bool (*)(char const*, std::string&, std::string&, std::string&, std::string&);
+static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::makepath), makepath_form>);
+static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::tolower), std::string (*)(std::string const&)>);
+static_assert(std::is_same_v<decltype(fio_get_unc_full_path), std::string(char const*)>);
+// These compile where the forms are declared exactly so.
+static_assert(sizeof(static_cast<splitpath_into_buffers>(&FIO_FILE_SYSTEM::splitpath)) != 0);
+static_assert(sizeof(static_cast<splitpath_into_strings>(&FIO_FILE_SYSTEM::splitpath)) != 0);
 
 /// A text that may hold NUL bytes.
 template <std::size_t Size>
@@ -360,10 +373,18 @@ TEST_F(path_text_tools, a_path_divides_a_text_as_splitpath_does) {
 TEST_F(path_text_tools, nothing_is_asked_of_the_layers_below) {
   platform_double::record_calls(true);
   char buffer[64];
+  errno = telltale;
   FIO_FILE_SYSTEM::makepath(buffer, "C", "a", "b", "c");
-  EXPECT_EQ(split_into_buffers("a/b.c"), (parts{true, "", "a/", "b", ".c"}));
-  EXPECT_EQ(split_into_strings("a/b.c"), (parts{true, "", "a/", "b", ".c"}));
-  EXPECT_EQ(FIO_FILE_SYSTEM::tolower("ABC"), "ABC");
+  parts const in_buffers = split_into_buffers("a/b.c");
+  parts const in_strings = split_into_strings("a/b.c");
+  parts const refused = split_into_buffers(nullptr);
+  std::string const lower = FIO_FILE_SYSTEM::tolower("ABC");
+  EXPECT_EQ(errno, telltale);
+  EXPECT_STREQ(buffer, "C:a/b.c");
+  EXPECT_EQ(in_buffers, (parts{true, "", "a/", "b", ".c"}));
+  EXPECT_EQ(in_strings, (parts{true, "", "a/", "b", ".c"}));
+  EXPECT_EQ(refused, no_parts);
+  EXPECT_EQ(lower, "ABC");
   EXPECT_EQ(platform_double::calls(), texts());
   EXPECT_EQ(messages(), texts());
 }

@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <functional>
 #include <list>
-#include <new>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
@@ -20,7 +19,8 @@
 #include <vector>
 
 #include "ccl/fio/fio_find.h"
-#include "tests/support/allocation_failure.h"
+#include "tests/support/ever_more_memory.h"
+#include "tests/support/path_texts.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -28,35 +28,11 @@ namespace {
 
 using text_list = std::vector<std::string>;
 
-text_list texts(std::list<FIO_PATH> const& paths) {
-  text_list result;
-  for (FIO_PATH const& path : paths) {
-    result.push_back(path.fullpath());
-  }
-  return result;
-}
-
-text_list texts(std::list<std::string> const& directories) { return {directories.begin(), directories.end()}; }
-
-text_list sorted(text_list list) {
-  std::sort(list.begin(), list.end());
-  return list;
-}
-
 text_list part(text_list const& list, std::size_t start, std::size_t count = std::string::npos) {
   auto const first = list.begin() + static_cast<std::ptrdiff_t>(std::min(start, list.size()));
   auto const length = static_cast<std::ptrdiff_t>(std::min(count, static_cast<std::size_t>(list.end() - first)));
   return {first, first + length};
 }
-
-FIO_PATH with_backslashes(char const* text) {
-  FIO_PATH path(text);
-  path.path_separator('\\');
-  return path;
-}
-
-/// The separator of a path, which shows in what it makes of another text.
-char separator_of(FIO_PATH const& path) { return path.sync_path_separators("/").front(); }
 
 /// What left an operation: the type of the exception and the system's error number in it.
 struct failure {
@@ -85,11 +61,7 @@ failure failure_of(std::function<void()> const& operation) {
   return {"none", 0};
 }
 
-class search_list : public fio_test {
-protected:
-  /// Makes the tree the current directory, so that short relative texts can be used.
-  void enter_tree() { std::filesystem::current_path(m_tree.root()); }
-};
+class search_list : public fio_test {};
 
 } // namespace
 
@@ -291,6 +263,31 @@ TEST_F(search_list, init_replaces_the_search_path_and_its_list_and_leaves_the_di
   EXPECT_EQ(texts(find.m_directories), (text_list{"/a/", "/b/"}));
 }
 
+TEST_F(search_list, init_leaves_an_open_walk_alone) {
+  m_tree.draw({"a/1.v", "a/2.v", "a/3.v"});
+  FIO_FIND find(m_tree.path("a/*.v"), false);
+  text_list names{find.find_first()};
+  long const handle = find.m_find_handle;
+  EXPECT_NE(handle, -1);
+  find.init("/b;/c");
+  EXPECT_EQ(find.m_find_handle, handle);
+  names.push_back(find.find_next());
+  find.init(std::list<FIO_PATH>{"/d/"});
+  EXPECT_EQ(find.m_find_handle, handle);
+  names.push_back(find.find_next());
+  EXPECT_EQ(sorted(names), (text_list{"1.v", "2.v", "3.v"}));
+  EXPECT_EQ(find.find_next(), "");
+  EXPECT_EQ(find.find_close(), 1);
+}
+
+TEST_F(search_list, init_keeps_the_whole_of_a_text_with_a_nul) {
+  std::string const search_path("/a;/b\0;/c;", 10);
+  FIO_FIND find("", false);
+  find.init(search_path);
+  EXPECT_EQ(find.m_search_path, search_path);
+  EXPECT_EQ(texts(find.m_search_list), (text_list{"/a/", "/b/"}));
+}
+
 TEST_F(search_list, parse_dirs_appends_once_more_at_each_call) {
   FIO_FIND find("/a;/b;", false);
   find.parse_dirs();
@@ -403,6 +400,13 @@ TEST_F(search_list, push_ends_its_argument_and_keeps_a_copy) {
   EXPECT_EQ(texts(find.m_search_list), text_list());
 }
 
+TEST_F(search_list, push_takes_an_element_of_the_objects_own_list) {
+  FIO_FIND find("", false);
+  find.m_directories.push_back("/x");
+  find.push(find.m_directories.front());
+  EXPECT_EQ(texts(find.m_directories), (text_list{"/x/", "/x/"}));
+}
+
 TEST_F(search_list, push_of_an_empty_text_is_a_mistake_of_the_caller) {
   FIO_FIND find("/a;", false);
   std::string directory;
@@ -436,7 +440,7 @@ TEST_F(search_list, the_characters_of_the_object_serve_parse_dirs_and_push_alone
 // Subdirectories
 
 TEST_F(search_list, subdirectories_follow_behind_all_given_directories) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a/aa/aaa/", "r/b/", "r/file", "s/c/", "s/d/dd/", "s/d/file.v", "t/", "other/"});
   FIO_FIND const find("s;missing;r;t", true);
   text_list const list = texts(find.m_search_list);
@@ -451,7 +455,7 @@ TEST_F(search_list, subdirectories_follow_behind_all_given_directories) {
 }
 
 TEST_F(search_list, the_contents_of_a_directory_follow_it_at_once) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a/1/", "r/b/1/", "r/c/1/", "r/d/1/"});
   text_list const list = part(texts(FIO_FIND("r", true).m_search_list), 1);
   ASSERT_EQ(list.size(), 8u);
@@ -460,8 +464,21 @@ TEST_F(search_list, the_contents_of_a_directory_follow_it_at_once) {
   }
 }
 
+TEST_F(search_list, siblings_come_in_the_order_of_the_file_system) {
+  enter(m_tree);
+  m_tree.draw({"r/m/", "r/c/2/", "r/z/", "r/a/", "r/y/9/", "r/y/1/", "r/b/", "r/x/", "r/d/", "r/file"});
+  text_list expected{"r/"};
+  for (auto const& entry : std::filesystem::recursive_directory_iterator("r")) {
+    if (entry.is_directory()) {
+      expected.push_back(entry.path().string() + '/');
+    }
+  }
+  ASSERT_EQ(expected.size(), 12u);
+  EXPECT_EQ(texts(FIO_FIND("r", true).m_search_list), expected);
+}
+
 TEST_F(search_list, what_adds_subdirectories) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/sub/", "empty/", "link -> r", "dangling -> nowhere", "file", "r/we\\ird/", "r/.hidden/", "r/a.b/",
                "r/ blank /", "r/x.v/y.v"});
   text_list const of_r{"r/ blank /", "r/.hidden/", "r/a.b/", "r/sub/", "r/we/ird/", "r/x.v/"};
@@ -499,7 +516,7 @@ TEST_F(search_list, what_adds_subdirectories) {
 }
 
 TEST_F(search_list, a_path_with_another_separator_is_looked_up_by_its_own_text) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/s/sub/", "r\\s\\/other/"});
   FIO_FIND const find(std::list<FIO_PATH>{with_backslashes("r/s/")}, true);
   EXPECT_EQ(texts(find.m_search_list), (text_list{"r\\s\\", "r/s/other/"}));
@@ -508,7 +525,7 @@ TEST_F(search_list, a_path_with_another_separator_is_looked_up_by_its_own_text) 
 }
 
 TEST_F(search_list, a_link_to_a_directory_is_listed_and_not_entered) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a/inner/", "r/up -> ..", "r/here -> .", "r/away -> ../s", "r/to-a -> a", "r/to-file -> ../file",
                "r/dangling -> nowhere", "r/a/inner/root -> ../..", "s/t/", "file"});
   FIO_FIND const find("r", true);
@@ -517,14 +534,14 @@ TEST_F(search_list, a_link_to_a_directory_is_listed_and_not_entered) {
 }
 
 TEST_F(search_list, a_directory_reached_twice_is_kept_twice) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a/b/"});
   EXPECT_EQ(texts(FIO_FIND("r;r", true).m_search_list), (text_list{"r/", "r/", "r/a/", "r/a/b/", "r/a/", "r/a/b/"}));
   EXPECT_EQ(texts(FIO_FIND("r/a;r", true).m_search_list), (text_list{"r/a/", "r/", "r/a/b/", "r/a/", "r/a/b/"}));
 }
 
 TEST_F(search_list, add_subdirs_starts_from_all_that_the_list_has_by_then) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a/b/"});
   FIO_FIND find("r", true);
   find.add_subdirs();
@@ -536,7 +553,7 @@ TEST_F(search_list, add_subdirs_starts_from_all_that_the_list_has_by_then) {
 }
 
 TEST_F(search_list, init_collects_the_subdirectories_anew) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a/"});
   FIO_FIND find("r", true);
   m_tree.draw({"r/a/later/", "s/c/"});
@@ -613,7 +630,7 @@ TEST_F(search_list, an_unreadable_directory_leaves_as_an_exception_and_adds_noth
 }
 
 TEST_F(search_list, a_status_that_fails_leaves_as_an_exception_unless_the_path_is_missing) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"good/a/", "self -> self", "tree/loop -> loop", "tree/sub/", "file"});
   struct row {
     std::string given;
@@ -644,34 +661,20 @@ TEST_F(search_list, a_status_that_fails_leaves_as_an_exception_unless_the_path_i
 }
 
 TEST_F(search_list, memory_that_runs_out_leaves_no_directory_open_and_adds_nothing) {
-  enter_tree();
+  enter(m_tree);
   m_tree.draw({"r/a_name_longer_than_a_short_text/b/", "r/c/", "s/d/e/"});
   int const streams = platform_double::open_streams();
   std::string const search_path = "a_missing_directory_with_a_long_name;r;s;";
   FIO_FIND find(search_path, false);
   find.m_recursive = true;
   text_list const before = texts(find.m_search_list);
-  for (bool const construct : {false, true}) {
-    std::function<void()> const make = [&] { FIO_FIND made(search_path, true); };
-    std::function<void()> const add = [&] { find.add_subdirs(); };
-    failure outcome{"", 0};
-    for (long first_to_fail = 1; outcome.type != "none"; ++first_to_fail) {
-      {
-        allocation_failure const failing(first_to_fail);
-        try {
-          (construct ? make : add)();
-          outcome = {"none", 0};
-        } catch (std::bad_alloc const&) {
-          outcome = {"memory", 0};
-        }
-      }
-      ASSERT_LT(first_to_fail, 1000);
-      ASSERT_EQ(platform_double::open_streams(), streams) << first_to_fail;
-      if (!construct && outcome.type != "none") {
-        ASSERT_EQ(texts(find.m_search_list), before) << first_to_fail;
-      }
-    }
-  }
+  with_ever_more_memory([&] { find.add_subdirs(); },
+                        [&](bool succeeded) {
+                          EXPECT_EQ(platform_double::open_streams(), streams);
+                          EXPECT_TRUE(succeeded || texts(find.m_search_list) == before);
+                        });
+  with_ever_more_memory([&] { FIO_FIND made(search_path, true); },
+                        [&](bool) { EXPECT_EQ(platform_double::open_streams(), streams); });
   EXPECT_EQ(find.m_search_list.size(), 8u);
 }
 
@@ -769,6 +772,14 @@ TEST_F(search_list, a_relative_result_becomes_absolute_as_a_path_and_as_a_text) 
     EXPECT_EQ(text, row.text);
     EXPECT_EQ(find.m_absolute_to, row.absolute_to);
   }
+}
+
+TEST_F(search_list, a_text_that_begins_with_a_nul_is_an_empty_relative_path) {
+  FIO_FIND find("", false);
+  EXPECT_TRUE(find.set_directory_for_results_to_become_absolute_to("/proj"));
+  std::string text("\0x", 2);
+  find.make_path_absolute_if_relative(&text);
+  EXPECT_EQ(text, "/proj/");
 }
 
 TEST_F(search_list, null_results_are_left_alone) {

@@ -1,17 +1,22 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <climits>
 #include <cstring>
 #include <list>
 #include <map>
+#include <new>
 #include <set>
 #include <string>
+#include <thread>
 #include <type_traits>
 #include <vector>
 
 #include "ccl/fio/fio_extension_type_info.h"
 #include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/fio_file_type_info.h"
+#include "tests/support/allocation_failure.h"
+#include "tests/support/ever_more_memory.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 #include "tests/vocabulary_expected.h"
@@ -24,6 +29,9 @@ using vocabulary::extensions;
 using vocabulary::file_types;
 
 class vocabulary_queries : public fio_test {};
+
+// Asked before any test runs, by a static constructor.
+std::string const early = fio_get_default_extension_string(FIO_FILE_TYPE_VHDL_FILE);
 
 FIO_FILE_TYPE file_type(int value) { return static_cast<FIO_FILE_TYPE>(value); }
 FIO_EXTENSION_TYPE extension_type(int value) { return static_cast<FIO_EXTENSION_TYPE>(value); }
@@ -237,6 +245,9 @@ static_assert(std::is_same_v<std::underlying_type_t<FIO_FILE_TYPE_FLAG>, int>);
 static_assert(std::is_same_v<std::underlying_type_t<FIO_EXTENSION_TYPE_FLAG>, int>);
 static_assert(std::is_convertible_v<FIO_FILE_TYPE, int> && std::is_convertible_v<FIO_EXTENSION_TYPE, int>);
 static_assert(std::is_empty_v<FIO_FILE_TYPE_INFO> && std::is_empty_v<FIO_EXTENSION_TYPE_INFO>);
+static_assert(!std::is_default_constructible_v<FIO_FILE_TYPE_INFO> && !std::is_aggregate_v<FIO_FILE_TYPE_INFO>);
+static_assert(!std::is_default_constructible_v<FIO_EXTENSION_TYPE_INFO> &&
+              !std::is_aggregate_v<FIO_EXTENSION_TYPE_INFO>);
 
 static_assert(std::is_same_v<decltype(fio_empty_result_value), char const*>);
 static_assert(std::is_same_v<decltype(fio_get_file_type_name), char const*(FIO_FILE_TYPE)>);
@@ -672,6 +683,7 @@ TEST_F(vocabulary_queries, a_query_by_name_folds_the_dotted_text_and_asks_nothin
       {"Top.Csf.Rpt", {"stl_tolower(.Rpt)"}},
       {"Dir/Vhd", {"stl_tolower(.Dir/Vhd)"}},
       {".Dir/Vhd", {"stl_tolower(.Dir/Vhd)"}},
+      {"a." + repeated(300, 'X'), {"stl_tolower(." + repeated(255, 'X') + ")"}},
       {repeated(1024, 'X') + ".VHD", {"stl_tolower(." + repeated(1024, 'X') + ".VHD)"}},
       // an empty text is not folded
       {"", {}},
@@ -1069,6 +1081,244 @@ TEST_F(vocabulary_queries, the_extension_list_of_the_class_ignores_its_last_argu
       }
     }
   }
+}
+
+TEST_F(vocabulary_queries, the_members_take_a_name_as_a_whole) {
+  std::string const with_nul("vhd\0", 4);
+  EXPECT_EQ(FIO_FILE_TYPE_INFO::get_file_type(with_nul), 0);
+  EXPECT_EQ(FIO_EXTENSION_TYPE_INFO::get_extension_type(with_nul), 0);
+  EXPECT_EQ(FIO_FILE_TYPE_INFO::get_file_type("vhd"), 8);
+  EXPECT_EQ(FIO_EXTENSION_TYPE_INFO::get_extension_type("vhd"), 9);
+}
+
+// Constant data
+
+TEST_F(vocabulary_queries, the_texts_stay_where_they_are) {
+  struct answers {
+    std::vector<char const*> names;
+    std::vector<char const*> descriptions;
+    std::vector<char const*> default_texts;
+    std::vector<char const*> extension_texts;
+  };
+  auto const ask = [] {
+    answers all;
+    for (int type = 0; type != vocabulary::file_type_count; ++type) {
+      all.names.push_back(fio_get_file_type_name(file_type(type)));
+      all.descriptions.push_back(fio_get_file_description(file_type(type)));
+      all.default_texts.push_back(fio_get_default_extension_string(file_type(type)));
+    }
+    for (int extension = 0; extension != vocabulary::extension_type_count; ++extension) {
+      all.extension_texts.push_back(fio_get_extension_string(extension_type(extension)));
+    }
+    return all;
+  };
+  answers const first = ask();
+  answers const second = ask();
+  EXPECT_EQ(first.names, second.names);
+  EXPECT_EQ(first.descriptions, second.descriptions);
+  EXPECT_EQ(first.default_texts, second.default_texts);
+  EXPECT_EQ(first.extension_texts, second.extension_texts);
+  for (int type = 0; type != vocabulary::file_type_count; ++type) {
+    auto const index = static_cast<std::size_t>(type);
+    bool const is_other = (traits_of(type) & 128) != 0;
+    EXPECT_STREQ(first.names[index], file_types[type].description);
+    EXPECT_STREQ(first.descriptions[index], is_other ? "Other" : file_types[type].description);
+    EXPECT_EQ(first.default_texts[index], text_of(default_extension_of(type)));
+  }
+  for (int extension = 0; extension != vocabulary::extension_type_count; ++extension) {
+    EXPECT_EQ(first.extension_texts[static_cast<std::size_t>(extension)], text_of(extension));
+  }
+}
+
+TEST_F(vocabulary_queries, static_constructors_may_ask) { EXPECT_EQ(early, ".vhd"); }
+
+namespace {
+
+int wrong_answers_about(int value) {
+  FIO_FILE_TYPE const type = file_type(value);
+  FIO_EXTENSION_TYPE const extension = extension_type(value);
+  auto const bits = static_cast<std::uint32_t>(value);
+  bool const is_known = value >= 0 && value < vocabulary::file_type_count;
+  std::string const name = is_known ? file_types[value].description : "";
+  bool const is_other = (traits_of(value) & 128) != 0;
+  bool const right[] = {
+      fio_get_file_type_name(type) == name,
+      fio_get_file_description(type) == (is_other ? "Other" : name),
+      FIO_FILE_TYPE_INFO::get_file_type_name(type) == name,
+      FIO_FILE_TYPE_INFO::get_file_description(type) == (is_other ? "Other" : name),
+      static_cast<std::uint32_t>(fio_get_editor_type(type)) == (is_known ? file_types[value].editor_type : 0),
+      fio_test_trait_of(type, file_type_flag(all_bits)) == (traits_of(value) != 0),
+      FIO_FILE_TYPE_INFO::get_editor_type(type) == fio_get_editor_type(type),
+      FIO_FILE_TYPE_INFO::is_design_file(type) == ((traits_of(value) & 4) != 0),
+      fio_get_default_extension_type(type) == default_extension_of(value),
+      fio_get_default_extension_string(type) == text_of(default_extension_of(value)),
+      fio_get_extension_string(extension) == text_of(value),
+      FIO_EXTENSION_TYPE_INFO::get_extension_string(extension) == text_of(value),
+      fio_get_file_type(extension) == file_type_of(value),
+      FIO_EXTENSION_TYPE_INFO::get_default_extension_type(type) == default_extension_of(value),
+      FIO_EXTENSION_TYPE_INFO::get_file_type(extension) == file_type_of(value),
+      text_or_null(fio_get_editor_type_string(editor_type(bits))) == expected_text(vocabulary::editor_texts, bits),
+      text_or_null(fio_get_file_type_trait_string(file_type_flag(bits))) ==
+          expected_text(vocabulary::file_type_trait_texts, bits),
+      text_or_null(fio_get_extension_type_trait_string(extension_type_flag(bits))) ==
+          expected_text(vocabulary::extension_trait_texts, bits),
+      extension_list(-1, value) ==
+          expected_extensions([=](auto const& row) { return value == -1 || row.file_type == value; }),
+      file_type_list(-1, all_bits, value) ==
+          expected_file_types([=](auto const& row) { return value == -1 || (row.traits & value) != 0; }),
+      extensions_with_trait(bits) == expected_extensions([=](auto const& row) { return (row.traits & value) != 0; }),
+  };
+  int wrong = 0;
+  for (bool const each : right) {
+    wrong += each ? 0 : 1;
+  }
+  return wrong;
+}
+
+int wrong_answers() {
+  int wrong = 0;
+  for (int const value : asked_values()) {
+    wrong += wrong_answers_about(value);
+  }
+  for (auto const& row : extensions) {
+    std::string const name = std::string("dir/A") + upper_case(row.text);
+    int const extension = extension_by_hand(name);
+    wrong += fio_get_extension_type(name) == extension ? 0 : 1;
+    wrong += fio_get_file_type(name) == file_type_of(extension) ? 0 : 1;
+    wrong += FIO_EXTENSION_TYPE_INFO::get_extension_type(name) == extension ? 0 : 1;
+    wrong += FIO_FILE_TYPE_INFO::get_file_type(name) == file_type_of(extension) ? 0 : 1;
+  }
+  for (auto const& each : vocabulary::classes) {
+    wrong += fio_get_file_type(*each.clsid) == file_type_of(*each.clsid) ? 0 : 1;
+    wrong += FIO_FILE_TYPE_INFO::get_file_type(*each.clsid) == file_type_of(*each.clsid) ? 0 : 1;
+  }
+  std::list<FIO_EXTENSION_TYPE> extension_types;
+  FIO_EXTENSION_TYPE_INFO::get_extension_type_list(&extension_types, FIO_EXTENSION_TYPE_ANY, FIO_FILE_TYPE_ANY, 0);
+  wrong += as_integers(extension_types) == expected_extensions([](auto const& /*row*/) { return true; }) ? 0 : 1;
+  std::list<FIO_FILE_TYPE> types;
+  FIO_FILE_TYPE_INFO::get_file_type_list(&types, FIO_FILE_TYPE_ANY, FIO_EDITOR_TYPE_ALL_FILES, -1);
+  wrong += as_integers(types) == count_from_zero(vocabulary::file_type_count) ? 0 : 1;
+  return wrong;
+}
+
+} // namespace
+
+TEST_F(vocabulary_queries, four_threads_may_ask_everything_at_once) {
+  std::atomic<int> waiting{4};
+  int wrong[] = {-1, -1, -1, -1};
+  std::vector<std::thread> threads;
+  for (int& each : wrong) {
+    threads.emplace_back([&each, &waiting] {
+      for (--waiting; waiting != 0;) {
+        std::this_thread::yield();
+      }
+      each = wrong_answers();
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  for (int const each : wrong) {
+    EXPECT_EQ(each, 0);
+  }
+}
+
+// Memory
+
+TEST_F(vocabulary_queries, the_queries_by_type_ask_for_no_memory) {
+  integers const values = asked_values();
+  long asked_for = -1;
+  {
+    allocation_failure const failing(1);
+    for (int const value : values) {
+      fio_get_file_type_name(file_type(value));
+      fio_get_file_description(file_type(value));
+      fio_get_editor_type(file_type(value));
+      fio_test_trait_of(file_type(value), FIO_FILE_TYPE_FLAG_DESIGN_FILES);
+      FIO_FILE_TYPE_INFO::get_editor_type(file_type(value));
+      FIO_FILE_TYPE_INFO::is_design_file(file_type(value));
+      fio_get_default_extension_type(file_type(value));
+      fio_get_default_extension_string(file_type(value));
+      fio_get_extension_string(extension_type(value));
+      fio_get_file_type(extension_type(value));
+      fio_get_editor_type_string(editor_type(static_cast<std::uint32_t>(value)));
+      fio_get_file_type_trait_string(file_type_flag(static_cast<std::uint32_t>(value)));
+      fio_get_extension_type_trait_string(extension_type_flag(static_cast<std::uint32_t>(value)));
+    }
+    for (auto const& each : vocabulary::classes) {
+      fio_get_file_type(*each.clsid);
+    }
+    asked_for = failing.asked_for();
+  }
+  EXPECT_EQ(asked_for, 0);
+}
+
+TEST_F(vocabulary_queries, memory_that_runs_out_leaves_a_query_by_name_as_an_exception) {
+  std::string const with_extension = "a." + repeated(20);
+  std::string const bare = repeated(20);
+  auto const nothing = [](bool) {};
+  for (std::string const& name : {with_extension, bare}) {
+    SCOPED_TRACE(name);
+    EXPECT_GT(with_ever_more_memory([&] { fio_get_extension_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { fio_get_file_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { FIO_EXTENSION_TYPE_INFO::get_extension_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { FIO_FILE_TYPE_INFO::get_file_type(name); }, nothing), 0);
+  }
+  // A text of up to 15 characters, as all extensions are, is stored in the string itself.
+  FIO_FILE_TYPE const type = FIO_FILE_TYPE_VERILOG_HDL_FILE;
+  EXPECT_EQ(with_ever_more_memory([&] { FIO_FILE_TYPE_INFO::get_file_type_name(type); }, nothing), 1);
+  EXPECT_EQ(with_ever_more_memory([&] { FIO_FILE_TYPE_INFO::get_file_description(type); }, nothing), 1);
+}
+
+namespace {
+
+// Lets memory run out at each element in turn, and looks at what the list then holds.
+template <typename Value, typename Query>
+void expect_what_was_appended_to_stay(Query query, integers const& all) {
+  integers expected = {7, 9};
+  for (std::size_t appended = 0; appended <= all.size(); ++appended) {
+    std::list<Value> list = {static_cast<Value>(7), static_cast<Value>(9)};
+    bool thrown = false;
+    {
+      allocation_failure const failing(static_cast<long>(appended) + 1);
+      try {
+        query(&list);
+      } catch (std::bad_alloc const&) {
+        thrown = true;
+      }
+    }
+    EXPECT_EQ(as_integers(list), expected);
+    EXPECT_EQ(thrown, appended != all.size());
+    if (thrown && appended != all.size()) {
+      expected.push_back(all[appended]);
+    }
+  }
+}
+
+} // namespace
+
+TEST_F(vocabulary_queries, memory_that_runs_out_leaves_a_list_with_what_it_has_by_then) {
+  integers const vhdl = {9, 10, 11};
+  expect_what_was_appended_to_stay<FIO_EXTENSION_TYPE>(
+      [](auto* list) { fio_get_extension_type_list(list, FIO_EXTENSION_TYPE_ANY, FIO_FILE_TYPE_VHDL_FILE); }, vhdl);
+  expect_what_was_appended_to_stay<FIO_EXTENSION_TYPE>(
+      [](auto* list) {
+        FIO_EXTENSION_TYPE_INFO::get_extension_type_list(list, FIO_EXTENSION_TYPE_ANY, FIO_FILE_TYPE_VHDL_FILE, 0);
+      },
+      vhdl);
+  integers const reports = {116, 117};
+  expect_what_was_appended_to_stay<FIO_FILE_TYPE>(
+      [](auto* list) { fio_get_file_type_list(list, FIO_FILE_TYPE_ANY, FIO_EDITOR_TYPE_ALL_FILES, 16); }, reports);
+  expect_what_was_appended_to_stay<FIO_FILE_TYPE>(
+      [](auto* list) {
+        FIO_FILE_TYPE_INFO::get_file_type_list(list, FIO_FILE_TYPE_ANY, FIO_EDITOR_TYPE_ALL_FILES, 16);
+      },
+      reports);
+  expect_what_was_appended_to_stay<FIO_EXTENSION_TYPE>(
+      [](auto* list) {
+        fio_get_list_of_extensions_valid_for_trait(FIO_EXTENSION_TYPE_FLAG_CORE_VARIATION_EXTENSION, list);
+      },
+      {7, 9, 12, 12, 12, 18, 47, 212, 213, 214, 47, 216, 220, 246});
 }
 
 // The vocabulary as a whole

@@ -38,8 +38,9 @@ enum FIO_CLSID_FORMAT : int {
 
 /// Reads the text form of an identifier.
 ///
-/// The text has exactly 38 characters, with the braces and dashes of `FIO_CLSID_FORMAT_TEXT` in their places. Digits
-/// of either case are taken. Between the dashes it is read as `sscanf` reads `%x`, tolerances included:
+/// The text has exactly 38 characters, with the braces and dashes of `FIO_CLSID_FORMAT_TEXT` in their places. Digits of
+/// either case are taken. The first three fields are read as `sscanf` reads `%x`, and the others as it reads pairs of
+/// `%2x`, tolerances included:
 ///
 ///     "{12zz5678-0000-0000-0000-000000000000}"   => Data1 is 0x12: the first three fields stop at a character that is
 ///                                                   no digit

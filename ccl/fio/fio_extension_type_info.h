@@ -1,8 +1,8 @@
 /// @file
 /// `FIO_EXTENSION_TYPE_INFO`: the queries on extension types as one class, with texts as strings.
 ///
-/// Each member answers exactly what the function of the same name in `fio_file_ext_type_info.h` answers; its failures
-/// and thread safety are told there.
+/// Each member answers exactly what the function that it names answers, which is told in `fio_file_ext_type_info.h`
+/// together with failures and thread safety. A member that answers a string may throw `std::bad_alloc`.
 
 #ifndef CCL_FIO_FIO_EXTENSION_TYPE_INFO_H
 #define CCL_FIO_FIO_EXTENSION_TYPE_INFO_H
@@ -16,7 +16,7 @@
 /// The queries on extension types. Not instantiated.
 class FIO_EXTENSION_TYPE_INFO {
 public:
-  FIO_EXTENSION_TYPE_INFO() = delete;
+  explicit FIO_EXTENSION_TYPE_INFO() = delete;
 
   /// `fio_get_extension_type_list`. The last argument is ignored: there is no filter by traits.
   FIO_EXPORT static void get_extension_type_list(std::list<FIO_EXTENSION_TYPE>* extension_list,

@@ -37,18 +37,18 @@ extension_row const* first_row_for(short value) {
   return index < extension_row_count ? fio_extension_type_datas + index : end_of_extensions();
 }
 
-// The first file type, other than the invalid one, that uses an extension in a row to be accepted.
-template <typename Accept>
-FIO_FILE_TYPE find_file_type(FIO_EXTENSION_TYPE extension_type, Accept accept) {
+bool is_default(extension_row const& row) { return (row.traits & FIO_EXTENSION_TYPE_FLAG_DEFAULT_EXTENSION) != 0; }
+
+// The first file type, other than the invalid one, that uses an extension, or that has it for its default.
+FIO_FILE_TYPE find_file_type(FIO_EXTENSION_TYPE extension_type, bool by_default) {
   for (extension_row const* row = first_row_for(extension_type); row != end_of_extensions(); ++row) {
-    if (row->extension_type == extension_type && row->file_type != FIO_FILE_TYPE_INVALID && accept(*row)) {
+    if (row->extension_type == extension_type && row->file_type != FIO_FILE_TYPE_INVALID &&
+        (!by_default || is_default(*row))) {
       return row->file_type;
     }
   }
   return FIO_FILE_TYPE_INVALID;
 }
-
-bool is_default(extension_row const& row) { return (row.traits & FIO_EXTENSION_TYPE_FLAG_DEFAULT_EXTENSION) != 0; }
 
 template <std::size_t size>
 char const* find_text(named_value const (&table)[size], std::uint32_t value) {
@@ -119,10 +119,8 @@ char const* fio_get_extension_string(FIO_EXTENSION_TYPE extension_type) {
 }
 
 FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type) {
-  FIO_FILE_TYPE const by_default = find_file_type(extension_type, is_default);
-  return by_default != FIO_FILE_TYPE_INVALID
-             ? by_default
-             : find_file_type(extension_type, [](extension_row const& /*row*/) { return true; });
+  FIO_FILE_TYPE const by_default = find_file_type(extension_type, true);
+  return by_default != FIO_FILE_TYPE_INVALID ? by_default : find_file_type(extension_type, false);
 }
 
 // By name or identifier
@@ -134,7 +132,7 @@ FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name) {
     return FIO_EXTENSION_TYPE_INVALID;
   }
   stl_tolower(text);
-  // Padded as the rows are, the text is compared in one piece.
+  // Padded as the rows are, the text is compared in one piece; a NUL of its own must not pass for padding.
   char padded[sizeof extension_row::extension] = {};
   if (text.size() >= sizeof padded) {
     return FIO_EXTENSION_TYPE_INVALID;

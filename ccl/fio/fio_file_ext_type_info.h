@@ -11,7 +11,8 @@
 ///
 /// @par Failure
 /// An unknown value is no failure: each query has a neutral answer for it. A null list is a mistake of the caller and
-/// goes to `err_report_internal_error`, which does not return.
+/// goes to `err_report_internal_error`, which does not return. `std::bad_alloc` can leave the queries that allocate; a
+/// list then has what was appended before.
 ///
 /// @par Thread safety
 /// All queries read constant data and may be used from any thread, and from static constructors. C-strings point into

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -16,7 +17,7 @@ namespace {
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
 // The error number of a failure is the system's own; there is nothing to translate on this platform.
-[[maybe_unused]] void fio_set_errno() {}
+[[gnu::used]] void fio_set_errno() {}
 
 // Single bits of the mode, not values of its file-type field.
 constexpr mode_t directory_bit = 0x4000;
@@ -30,9 +31,7 @@ constexpr int single_entry = 0;
 
 bool has_wildcard(char const* path) { return std::strpbrk(path, "*?") != nullptr; }
 
-bool is_legal_text(char const* path) {
-  return FIO_PATH::is_path_length_within_operating_system_limits(::strnlen(path, fio_internal::longest_path + 1));
-}
+bool is_legal_text(char const* path) { return fio_internal::is_legal_length(fio_internal::bounded_text(path).size()); }
 
 // Whether one byte of a pattern, which is no `*`, stands for a byte of a name. The end of a pattern stands for none.
 bool matches_byte(char pattern, char name) { return (pattern == '?' && name != '\0') || pattern == name; }
@@ -42,8 +41,12 @@ bool has_mode_bit(char const* path, mode_t bit) {
   return FIO_FILE_SYSTEM::status(path, &buffer) && (buffer.st_mode & bit) != 0;
 }
 
-// Copies at most `limit` characters and ends them by a NUL.
-void copy_text(char* target, std::string_view text, std::size_t limit) { target[text.copy(target, limit)] = '\0'; }
+// Copies at most `limit` characters, which may lie in the target, and ends them by a NUL.
+void copy_text(char* target, std::string_view text, std::size_t limit) {
+  std::size_t const length = std::min(text.size(), limit);
+  std::memmove(target, text.data(), length);
+  target[length] = '\0';
+}
 
 void write_part(char* target, std::string_view part) {
   if (target != nullptr) {
@@ -81,8 +84,6 @@ long find_entry(char const* path, _finddata_t* fileinfo) {
   if (::stat(path, &buffer) != 0) {
     return nothing_found;
   }
-  char const* const last_slash = std::strrchr(path, '/');
-  copy_text(fileinfo->name, last_slash != nullptr ? last_slash + 1 : path, sizeof fileinfo->name - 1);
   fileinfo->attrib = 0;
   if ((buffer.st_mode & directory_bit) != 0) {
     fileinfo->attrib = attribute_directory;
@@ -91,6 +92,9 @@ long find_entry(char const* path, _finddata_t* fileinfo) {
   }
   fileinfo->time_write = buffer.st_mtime;
   fileinfo->size = buffer.st_size;
+  // Last: the path may be the name that the record holds from another search.
+  char const* const last_slash = std::strrchr(path, '/');
+  copy_text(fileinfo->name, last_slash != nullptr ? last_slash + 1 : path, sizeof fileinfo->name - 1);
   return single_entry;
 }
 
@@ -140,6 +144,7 @@ bool FIO_FILE_SYSTEM::rename(std::string const& from, std::string const& to) {
 }
 
 bool FIO_FILE_SYSTEM::rename(FIO_PATH const& from, FIO_PATH const& to) {
+  // Each may write a message about its length: the target first.
   char const* const target = to;
   char const* const source = from;
   return rename(source, target);
@@ -199,14 +204,15 @@ bool FIO_FILE_SYSTEM::exists(char const* path) {
 bool FIO_FILE_SYSTEM::exists(FIO_PATH const& path) { return exists(static_cast<char const*>(path)); }
 
 bool FIO_FILE_SYSTEM::same_file(char const* name, char const* pattern) {
-  // Up to the first `*` the pattern is a prefix. A `*` that is not at the very start needs a byte of name left.
-  for (bool const starts_with_star = *pattern == '*'; !starts_with_star && (*pattern != '*' || *name == '\0');
-       ++name, ++pattern) {
-    if (*pattern == '\0') {
-      return true;
-    }
-    if (*name == '\0' || !matches_byte(*pattern, *name)) {
-      return false;
+  // Up to the first `*` the pattern is a prefix. A `*` that is not at the very start is reached with name left only.
+  if (*pattern != '*') {
+    for (; *pattern != '*' || *name == '\0'; ++name, ++pattern) {
+      if (*pattern == '\0') {
+        return true;
+      }
+      if (*name == '\0' || !matches_byte(*pattern, *name)) {
+        return false;
+      }
     }
   }
   // Behind a `*` the text up to the next one is taken where it first fits, and the last text must end with the name.
@@ -272,19 +278,17 @@ long FIO_FILE_SYSTEM::findfirst(char const* filespec, _finddata_t* fileinfo) {
   if (!has_wildcard(filespec)) {
     return find_entry(filespec, fileinfo);
   }
-  std::string_view directory = ".";
+  char directory[fio_internal::longest_path + 1] = ".";
   if (char const* const last_slash = std::strrchr(filespec, '/')) {
-    directory = std::string_view(filespec, static_cast<std::size_t>(last_slash - filespec));
+    copy_text(directory, filespec, static_cast<std::size_t>(last_slash - filespec));
   }
-  char directory_text[fio_internal::longest_path + 1];
-  copy_text(directory_text, directory, fio_internal::longest_path);
-  DIR* const stream = ::opendir(directory_text);
+  DIR* const stream = ::opendir(directory);
   if (stream == nullptr) {
     return nothing_found;
   }
   auto const handle = reinterpret_cast<long>(new find_handle_record(filespec, directory, stream));
   if (findnext(handle, fileinfo) != 0) {
-    findclose(handle);
+    findclose(handle); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): this releases the record
     return nothing_found;
   }
   return handle;

@@ -12,13 +12,16 @@
 ///
 /// @par Failure
 /// Failures are told by the result alone. A `bool` is true on success; an `int` is the system's, 0 on success. Nothing
-/// is logged or retried, and no operation tolerates what another process does meanwhile, beyond what its system call
-/// offers. `errno` is left as the last system call set it: read it at once. Only `std::bad_alloc` leaves an operation
-/// that makes a string, and `std::logic_error` one that is said to refuse a null pointer.
+/// is logged or retried. What another process does meanwhile is not tolerated beyond what a system call offers, except
+/// that `findnext` passes over entries that vanish. `errno` is left as the last system call set it: read it at once.
+/// `std::bad_alloc` leaves an operation that answers a string or starts a walk, and `std::logic_error` one that is said
+/// to refuse a null pointer.
 ///
 /// @par Forms
-/// Where an operation takes a `FIO_PATH`, it takes its text through the length check of that class and then does what
-/// the C-string form does. Texts of 1024 characters or more are refused only where an operation says so.
+/// Where an operation takes a `FIO_PATH`, it takes its text through the length check of that class, which may write its
+/// debug message, and then does what the C-string form does. Where it has no string form, a `std::string` becomes a
+/// `FIO_PATH`, with its separators normalised: pass `c_str()` to ask about the text as it stands. Texts of 1024
+/// characters or more are refused only where an operation says so.
 ///
 /// @par Thread safety
 /// Every operation may be called from any thread. The current directory belongs to the process and is not guarded. A
@@ -40,7 +43,7 @@ class FIO_PATH;
 
 /// What `findfirst` and `findnext` tell of an entry.
 struct _finddata_t {       // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
-  std::uint32_t attrib;    ///< 0x10 for a directory, 0x01 for anything else that may not be written, otherwise 0
+  std::uint32_t attrib;    ///< 0x10 for what `is_directory` says yes to, else 0x01 if it may not be written, else 0
   std::time_t time_create; ///< never written by this library
   std::time_t time_access; ///< never written by this library
   std::time_t time_write;  ///< time of the last modification, in seconds since the epoch
@@ -51,7 +54,7 @@ struct _finddata_t {       // NOLINT(bugprone-reserved-identifier): the name is 
 /// The operations on files, directories and path texts.
 class FIO_FILE_SYSTEM {
 public:
-  FIO_FILE_SYSTEM() = delete;
+  explicit FIO_FILE_SYSTEM() = delete;
 
   /// @name Opening and attributes
   /// @{
@@ -86,7 +89,7 @@ public:
 
   /// The length of the text in `buffer` after `osi_getcwd`, or 0 if `buffer` is null. A failure of that call goes
   /// unnoticed: the answer is then the length of what the buffer held. The call is made with a null buffer too, and
-  /// what a layer allocates then, as the C library does, is never freed: pass none.
+  /// what a layer allocates then, as the C library does, is never freed: do not pass null.
   FIO_EXPORT static unsigned long get_current_directory(unsigned long size, char* buffer);
 
   /// The current directory, or an empty text if it cannot be read or has 1024 characters or more.
@@ -139,7 +142,8 @@ public:
   FIO_EXPORT static bool is_older(char const* path, long const* limit);
 
   /// Whether `osi_exists` finds anything at `path`. With `*` or `?` anywhere in it: whether `findfirst` finds an entry
-  /// that matches. False, without a system call, for null and for 1024 characters or more.
+  /// that matches, which may throw `std::bad_alloc`. False, without a system call, for null and for 1024 characters or
+  /// more.
   FIO_EXPORT static bool exists(char const* path);
   FIO_EXPORT static bool exists(FIO_PATH const& path);
 
@@ -150,7 +154,8 @@ public:
   ///
   ///     "abc",  "abcdef"   => true: a pattern matches as a prefix until a `*` was met
   ///     "*.txt", "a.txt.bak" => false: behind a `*` the pattern must end with the name
-  ///     "ab*", "ab"        => false: a `*` behind other text needs a byte to stand for
+  ///     "ab*", "ab"        => false: a `*` behind other text is reached only with name left...
+  ///     "ab*c", "abc"      => true: ...even if it stands for nothing then
   ///     "*a*", "xa"        => false: for the same reason
   ///     "**", ""           => false
   ///     "*", ""            => true
@@ -160,7 +165,8 @@ public:
   /// @}
 
   /// @name Path texts
-  /// Nothing here touches the disk or, the two string forms apart, allocates.
+  /// Nothing here touches the disk or, where no string is answered, allocates. No buffer may overlap a text that is
+  /// read.
   /// @{
 
   /// Writes the text that four components make, ended by a NUL. Any of them may be null.
@@ -171,14 +177,15 @@ public:
   /// Only the first character of the drive counts. A directory that ends in neither separator gets a `/`, and an
   /// extension without a dot gets one.
   ///
-  /// @param path a buffer with room for all components and four characters more; its size is not known here
+  /// `path` has room for all components and four characters more; its size is not known here.
   FIO_EXPORT static void makepath(char* path, char const* drive, char const* dir, char const* fname, char const* ext);
 
   /// Divides a text as `FIO_PATH::split_full_path` does, without normalising anything. The drive is always empty.
   ///
   ///     "a\b//c.tar.gz"   => dir "a\b//", fname "c.tar", ext ".gz"
   ///
-  /// @param drive,dir,fname,ext buffers of 1, 1025, 1025 and 257 bytes, or null where the part is not wanted
+  /// `drive`, `dir`, `fname` and `ext` are buffers of 1, 1025, 1025 and 257 bytes, or null where the part is not wanted.
+  ///
   /// @return false, with all parts empty, for a text that is null, empty or longer than 1023 characters
   FIO_EXPORT static bool splitpath(char const* path, char* drive, char* dir, char* fname, char* ext);
 

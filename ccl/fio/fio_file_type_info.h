@@ -1,8 +1,8 @@
 /// @file
 /// `FIO_FILE_TYPE_INFO`: the queries on file types as one class, with texts as strings.
 ///
-/// Each member answers exactly what the function of the same name in `fio_file_ext_type_info.h` answers; its failures
-/// and thread safety are told there.
+/// Each member answers exactly what the function that it names answers, which is told in `fio_file_ext_type_info.h`
+/// together with failures and thread safety. A member that answers a string may throw `std::bad_alloc`.
 
 #ifndef CCL_FIO_FIO_FILE_TYPE_INFO_H
 #define CCL_FIO_FIO_FILE_TYPE_INFO_H
@@ -17,7 +17,7 @@
 /// The queries on file types. Not instantiated.
 class FIO_FILE_TYPE_INFO {
 public:
-  FIO_FILE_TYPE_INFO() = delete;
+  explicit FIO_FILE_TYPE_INFO() = delete;
 
   /// `fio_get_file_type_list`
   FIO_EXPORT static void get_file_type_list(std::list<FIO_FILE_TYPE>* file_type_list, FIO_FILE_TYPE file_type,

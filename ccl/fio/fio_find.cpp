@@ -3,6 +3,7 @@
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include "ccl/fio/fio_file_sys.h"
@@ -60,13 +61,37 @@ bool is_legal_and_exists(FIO_PATH const& directory) {
   return directory.is_legal_length() && FIO_FILE_SYSTEM::exists(directory);
 }
 
-// Whether a file of this name exists in a directory, which then becomes its path.
-bool find_in(FIO_PATH& directory, std::string const& filename) {
+// The path of a file of this name in a directory.
+std::optional<FIO_PATH> find_in(FIO_PATH const& directory, std::string const& filename) {
   if (!is_legal_and_exists(directory)) {
-    return false;
+    return {};
   }
-  directory.filename(filename);
-  return is_legal_and_exists(directory);
+  std::optional<FIO_PATH> candidate(directory);
+  candidate->filename(filename);
+  if (!is_legal_and_exists(*candidate)) {
+    candidate.reset();
+  }
+  return candidate;
+}
+
+// The first path of a file of this name over the search list, or in a directory relative to each element of it.
+FIO_PATH find_over_list(FIO_FIND const& find, std::string const& filename, std::string const& relative_directory) {
+  for (FIO_PATH const& directory : find.m_search_list) {
+    std::optional<FIO_PATH> found;
+    if (relative_directory.empty()) {
+      found = find_in(directory, filename);
+    } else {
+      FIO_PATH moved(directory);
+      moved.cd(relative_directory);
+      moved.become_simplified();
+      found = find_in(moved, filename);
+    }
+    if (found) {
+      find.make_path_absolute_if_relative(&*found);
+      return *std::move(found);
+    }
+  }
+  return {};
 }
 
 // Looks for one candidate, as it is and then in lower case, piece by piece.
@@ -236,32 +261,12 @@ std::string FIO_FIND::find(std::string const& name) const {
 }
 
 FIO_PATH FIO_FIND::find_first(std::string const& name) const {
-  std::string const filename = FIO_PATH(name).filename();
-  for (FIO_PATH const& directory : m_search_list) {
-    FIO_PATH candidate(directory);
-    if (find_in(candidate, filename)) {
-      make_path_absolute_if_relative(&candidate);
-      return candidate;
-    }
-  }
-  return {};
+  return find_over_list(*this, FIO_PATH(name).filename(), std::string());
 }
 
 FIO_PATH FIO_FIND::find_first_relative_path(FIO_PATH const& path) const {
   FIO_PATH const target(path.fullpath());
-  std::string const filename = target.filename();
-  for (FIO_PATH const& directory : m_search_list) {
-    FIO_PATH candidate(directory);
-    if (!target.absolute() && target.has_directory()) {
-      candidate.cd(target.directory());
-      candidate.become_simplified();
-    }
-    if (find_in(candidate, filename)) {
-      make_path_absolute_if_relative(&candidate);
-      return candidate;
-    }
-  }
-  return {};
+  return find_over_list(*this, target.filename(), target.absolute() ? std::string() : target.directory());
 }
 
 bool FIO_FIND::find_all(std::string const& name, std::vector<std::string> const& extensions,
@@ -280,13 +285,14 @@ bool FIO_FIND::find_all(std::string const& name, std::vector<std::string> const&
     }
   }
   FIO_CHECK(matches);
+  // Before the caller's list is touched: memory may run out here.
+  for (FIO_PATH& path : found) {
+    make_path_absolute_if_relative(&path);
+  }
   if (!append) {
     matches->clear();
   }
   bool const found_any = !found.empty();
-  for (FIO_PATH& path : found) {
-    make_path_absolute_if_relative(&path);
-  }
   matches->splice(matches->end(), found);
   return found_any;
 }

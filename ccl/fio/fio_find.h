@@ -66,10 +66,11 @@ public:
   FIO_FIND(FIO_FIND const&) = delete;
   FIO_FIND& operator=(FIO_FIND const&) = delete;
 
-  /// Replaces the search path and makes the search list anew. `m_directories` stays as it is.
+  /// Replaces the search path and makes the search list anew, with all subdirectories if the object is recursive.
+  /// `m_directories` and an open walk stay as they are. If listing the subdirectories throws, everything else is done.
   FIO_EXPORT void init(std::string const& search_path);
 
-  /// Makes the search list anew from a list of directories.
+  /// Makes the search list anew from a list of directories, in the same way.
   FIO_EXPORT void init(std::list<FIO_PATH> const& directories);
 
   /// Appends the elements of the search path to `m_directories`, the one behind the last ";" excepted. A second call
@@ -103,7 +104,8 @@ public:
   /// Makes a relative path absolute against that directory, if one is set. Null is left alone.
   FIO_EXPORT void make_path_absolute_if_relative(FIO_PATH* path) const;
 
-  /// The same for a text. An empty or absolute one stays as it is to the byte.
+  /// The same for a text. An empty or absolute one stays as it is to the byte, unless it is too long for a path: that
+  /// one is taken for an empty relative path.
   FIO_EXPORT void make_path_absolute_if_relative(std::string* path) const;
   /// @}
 
@@ -117,13 +119,17 @@ public:
 
   /// Looks for the file name of `name` in the search list; a directory in `name` is ignored.
   ///
-  ///     "sub/x.v" in "/a/"   => "/a/x.v"
+  ///     "sub/x.v" in "/a/"         => "/a/x.v"
+  ///     "", "sub/" in "/a/"        => "/a/": without a name the first directory is what is found...
+  ///     a name that is too long    => "/a/": ...and such a name is none
   FIO_EXPORT FIO_PATH find_first(std::string const& name) const;
 
   /// Looks for a relative path below each directory of the search list. Of an absolute path only the name counts.
   ///
   ///     "sub/x.v" in "/a/"    => "/a/sub/x.v"
   ///     "../x.v" in "/a/b/"   => "/a/x.v"
+  ///
+  /// Writes debug messages about texts that become too long.
   FIO_EXPORT FIO_PATH find_first_relative_path(FIO_PATH const& path) const;
   /// @}
 
@@ -133,12 +139,14 @@ public:
   /// directory by directory and, within one, in the order of `extensions`. Nothing removes duplicates.
   ///
   ///     "top", {"v", ".vhd"}   => "/a/top.v", "/a/top.vhd", "/b/top.v"
+  ///     "sub/top", {"v"}       => "/a/sub/top.v": a directory in the name counts here
   ///
-  /// @param matches where the results go: at the end with `append`, otherwise in place of what it held. Null is a
-  /// mistake
-  ///        of the caller, seen after the search
-  /// @param try_lower_case whether, where nothing is found, the base, then the extension, and then the whole path are
-  ///        folded to lower case and looked for
+  /// @param name           the name to look for
+  /// @param extensions     the extensions that it may have, with or without their dots
+  /// @param matches        where the results go; null is a mistake of the caller, seen after the search
+  /// @param append         whether the results go behind what `matches` holds; otherwise they take its place
+  /// @param try_lower_case whether, for each directory and extension that bring nothing, the base, then the extension,
+  ///                       and then the whole path are folded to lower case and looked for
   /// @return whether this call found anything
   FIO_EXPORT bool find_all(std::string const& name, std::vector<std::string> const& extensions,
                            std::list<FIO_PATH>* matches, bool append, bool try_lower_case) const;

@@ -1,5 +1,6 @@
 #include "ccl/fio/fio_path.h"
 
+#include <algorithm>
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 #include <boost/system/error_code.hpp>
@@ -27,15 +28,18 @@ void check_length(std::string const& path) {
   }
 }
 
-// Leaves `separator` as the only one in `text`, and no two of them side by side.
+// Puts `separator` in the place of its opposite, and leaves no two of them side by side.
 void normalise_separators(std::string& text, char separator) {
   char const opposite = fio_internal::opposite_separator(separator);
+  auto const follows_separator = [&text, separator](std::size_t i) { return i != 0 && text[i - 1] == separator; };
+  // Most texts are in order: nothing is written before the first character that is not.
   std::size_t end = 0;
-  for (char character : text) {
-    if (character == opposite) {
-      character = separator;
-    }
-    if (character != separator || end == 0 || text[end - 1] != separator) {
+  while (end != text.size() && text[end] != opposite && (text[end] != separator || !follows_separator(end))) {
+    ++end;
+  }
+  for (std::size_t i = end; i != text.size(); ++i) {
+    char const character = text[i] == opposite ? separator : text[i];
+    if (character != separator || !follows_separator(end)) {
       text[end++] = character;
     }
   }
@@ -46,16 +50,6 @@ void close_with(std::string& text, char separator) {
   if (!text.empty() && text.back() != separator) {
     text += separator;
   }
-}
-
-// What stands behind the last separator of a simplified directory that is being built.
-std::string_view last_component(std::string const& directory, char separator) {
-  std::size_t const cut = directory.rfind(separator);
-  std::string_view const text = directory;
-  if (cut == std::string::npos) {
-    return text == ".." ? text : std::string_view();
-  }
-  return text.substr(cut + 1);
 }
 
 // The parts of an extension, each given as a type or as a text.
@@ -151,8 +145,11 @@ void FIO_PATH::split_full_path(char const* path) {
     m_full_path.clear();
     return;
   }
-  // The views may lie in `m_full_path`, which is written last.
   divided_path const parts = divide_path(path);
+  // Memory runs out before anything is changed. The views may lie in `m_full_path`, which is written last.
+  m_base.reserve(parts.base.size());
+  m_extension.reserve(parts.extension.size());
+  m_directory.reserve(parts.directory.size() + 1);
   m_legal_length = parts.legal;
   m_drive.clear();
   m_base = parts.base;
@@ -165,13 +162,13 @@ void FIO_PATH::split_full_path(char const* path) {
 void FIO_PATH::make_path(FILE_COMPONENTS component, std::string const& value) {
   switch (component) {
   case DIRECTORY:
+    m_directory.reserve(value.size() + 1);
     m_directory = value;
     store_directory();
     break;
   case DRIVE:
-    m_drive = value;
+    m_drive.assign(value, 0, 1);
     if (!m_drive.empty()) {
-      m_drive.resize(1);
       m_drive += ':';
     }
     break;
@@ -300,7 +297,7 @@ bool FIO_PATH::is_dot_directory(std::string const& name) {
 }
 
 bool FIO_PATH::is_path_length_within_operating_system_limits(unsigned long length) {
-  return length <= fio_internal::longest_path;
+  return fio_internal::is_legal_length(length);
 }
 
 bool FIO_PATH::is_path_length_within_operating_system_limits(std::string const& text) {
@@ -353,16 +350,21 @@ FIO_PATH& FIO_PATH::tail(std::string const& text) {
   if (text.empty()) {
     return *this;
   }
-  std::string directory = m_directory;
-  if (!directory.empty() && directory.back() == m_path_separator) {
-    directory.pop_back();
+  std::string_view kept = m_directory;
+  if (!kept.empty() && kept.back() == m_path_separator) {
+    kept.remove_suffix(1);
   }
-  std::size_t const last_separator = directory.rfind(m_path_separator);
-  if (last_separator != std::string::npos) {
-    directory.resize(last_separator + 1);
+  // Without a separator to cut at, the only level stays and the new one is glued to it.
+  std::size_t const last_separator = kept.rfind(m_path_separator);
+  if (last_separator != std::string_view::npos) {
+    kept.remove_suffix(kept.size() - last_separator - 1);
   }
-  directory += text;
-  make_path(DIRECTORY, directory);
+  std::string directory;
+  directory.reserve(kept.size() + text.size() + 1);
+  directory.append(kept).append(text);
+  m_directory = std::move(directory);
+  store_directory();
+  rebuild();
   return *this;
 }
 
@@ -372,34 +374,34 @@ FIO_PATH& FIO_PATH::no_extension() {
 }
 
 FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, FIO_EXTENSION_TYPE second) {
-  make_path(EXTENSION, join_extension(first, second));
+  m_extension = join_extension(first, second);
+  rebuild();
   return *this;
 }
 
 FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, std::string const& second) {
-  make_path(EXTENSION, join_extension(first, second));
+  m_extension = join_extension(first, second);
+  rebuild();
   return *this;
 }
 
 FIO_PATH& FIO_PATH::extension(std::string const& first, FIO_EXTENSION_TYPE second) {
-  make_path(EXTENSION, join_extension(first, second));
+  m_extension = join_extension(first, second);
+  rebuild();
   return *this;
 }
 
 FIO_PATH& FIO_PATH::extension(std::string const& first, std::string const& second) {
-  make_path(EXTENSION, join_extension(first, second));
+  m_extension = join_extension(first, second);
+  rebuild();
   return *this;
 }
 
 FIO_PATH& FIO_PATH::path_separator(char separator) {
-  std::string directory = m_directory;
-  for (char& character : directory) {
-    if (character == m_path_separator) {
-      character = separator;
-    }
-  }
+  std::replace(m_directory.begin(), m_directory.end(), m_path_separator, separator);
   m_path_separator = separator;
-  make_path(DIRECTORY, directory);
+  store_directory();
+  rebuild();
   return *this;
 }
 
@@ -433,7 +435,7 @@ void FIO_PATH::flatten() {
   close_simplification(std::move(directory));
 }
 
-// What a simplified directory starts from. It never needs more room than the text that it comes from.
+// What a simplified directory starts from, with room for all of the text.
 std::string FIO_PATH::simplified_root() const {
   std::string directory;
   directory.reserve(m_full_path.size() + 1);
@@ -443,25 +445,28 @@ std::string FIO_PATH::simplified_root() const {
   return directory;
 }
 
-// Adds a component to a simplified directory that is being built: it has no separator at its end unless it is the root.
+// Adds a component to a simplified directory that is being built.
 void FIO_PATH::append_component(std::string& directory, std::string_view component) const {
   if (component == ".") {
     return;
   }
-  if (component == ".." && !directory.empty() && last_component(directory, m_path_separator) != "..") {
-    // A plain component goes, with the separator before it; the root stays.
+  if (component == ".." && !directory.empty()) {
+    // A plain component goes, with the separator before it, but leading ".." pile up and the root stays.
     std::size_t const last_separator = directory.rfind(m_path_separator);
-    directory.resize(last_separator == std::string::npos ? 0 : last_separator);
-    if (last_separator == 0 && absolute()) {
-      directory = m_path_separator;
+    bool const is_only_one = last_separator == std::string::npos;
+    if (std::string_view(directory).substr(is_only_one ? 0 : last_separator + 1) != "..") {
+      bool const reaches_root = last_separator == 0 && absolute();
+      directory.resize(is_only_one ? 0 : last_separator + (reaches_root ? 1 : 0));
+      return;
     }
-    return;
   }
   close_with(directory, m_path_separator);
   directory += component;
 }
 
 void FIO_PATH::close_simplification(std::string&& directory) {
+  // Memory runs out before anything is changed: the directory has its room, and this is all that the text can take.
+  m_full_path.reserve(m_drive.size() + directory.size() + m_base.size() + m_extension.size() + 3);
   m_directory = std::move(directory);
   store_directory();
   if (std::strcmp(m_base.c_str(), ".") == 0) {
@@ -483,7 +488,11 @@ void FIO_PATH::become_absolute(std::string const& directory) {
     return;
   }
   FIO_PATH const anchor(directory.empty() ? current : directory);
-  *this = anchor.m_full_path + '/' + fullpath();
+  check_length(m_full_path);
+  std::string joined;
+  joined.reserve(anchor.m_full_path.size() + 1 + m_full_path.size());
+  joined.append(anchor.m_full_path).append(1, '/').append(m_full_path);
+  *this = joined;
   become_simplified();
 }
 

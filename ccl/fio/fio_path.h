@@ -3,7 +3,7 @@
 ///
 /// A path is a value: four components (drive, directory, base, extension) and the finished text that they make. Every
 /// edit goes to a component and rebuilds the text at once, so reading the text is free. Texts are bytes in no
-/// particular encoding, ended by the first NUL.
+/// particular encoding. A NUL ends a text that is divided, and each component in the text that is rebuilt.
 ///
 ///     FIO_PATH path("rtl//core\\alu.v");
 ///     path.fullpath()                       => "rtl/core/alu.v"
@@ -11,28 +11,31 @@
 ///     path.base(), path.extension()         => "alu", "v"
 ///     path.filename("fpu.sv").fullpath()    => "rtl/core/fpu.sv"
 ///
-/// A path says nothing about what exists. Only `become_absolute` and `canonical` ask the system anything; all other
-/// operations are work on texts.
+/// A path says nothing about what exists. `become_absolute` and `canonical` read the current directory, `canonical`
+/// asks about links, and simplification reads one environment variable; all other operations are work on texts.
 ///
 /// @par Separators
 /// Both `/` and `\` separate when a text is divided. The directory is stored with the path's own separator, `/` unless
-/// `path_separator(char)` chose another, in the place of its opposite (`\` for `/`, and `/` for any other). Runs of
-/// separators in a directory become one. There are no drives
-/// and no network paths on this platform: "C:/x" is a relative path with a directory "C:/".
+/// `path_separator(char)` chose another, in the place of its opposite (`\` for `/`, and `/` for any other). Runs of the
+/// own separator become one. There are no drives and no network paths on this platform: "C:/x" is a relative path with
+/// a directory "C:/".
 ///
 /// @par Length
 /// A text of more than 1023 characters is refused: constructing or assigning it leaves an empty path, and
 /// `is_legal_length()` says so. Edits may make a longer text. It is kept whole, and each reader that checks the length
-/// (they say so) writes a debug message about it and then answers as usual.
+/// (they say so) writes a debug message about it and then answers as usual. That message has the path in the place of a
+/// format: see `fio_display_path_too_long_assert_message`.
 ///
 /// @par Failure
-/// No operation fails. Only `std::bad_alloc` can leave one that makes or stores a text. If it leaves a setter that
-/// could store its component but not the text, the component keeps its new value and the text follows with the next
-/// edit.
+/// No operation but `canonical` fails. Only `std::bad_alloc` can leave one that makes or stores a text or writes the
+/// message about the length. If it leaves a setter that could store its component but not the text, the component keeps
+/// its new value and the text follows with the next edit; `filename` may have stored the directory alone. Dividing and
+/// simplifying change nothing before they have the memory for the components.
 ///
 /// @par Thread safety
 /// A path is like a string: several threads may read one object, or use different objects freely, but one that changes
-/// an object must be alone with it. `become_absolute` also reads the current directory, which belongs to the process.
+/// an object must be alone with it. The current directory belongs to the process and the environment too: nobody may
+/// change the environment while a path is simplified.
 
 #ifndef CCL_FIO_FIO_PATH_H
 #define CCL_FIO_FIO_PATH_H
@@ -80,7 +83,8 @@ public:
   /// of a directory. Assigning a path to itself changes nothing.
   FIO_EXPORT FIO_PATH& operator=(FIO_PATH const& other);
 
-  /// Takes the texts of `other`, as the move construction does, and resets the separator, as the copy assignment does.
+  /// Takes the texts of `other`, as the move construction does, and resets separator and legal length, as the copy
+  /// assignment does. Assigning a path to itself changes nothing.
   FIO_EXPORT FIO_PATH& operator=(FIO_PATH&& other) noexcept;
 
   /// Divides a text into this path, which keeps its separator. See `split_full_path`.
@@ -110,7 +114,7 @@ public:
   ///
   /// Only a directory is normalised, and given its trailing separator, and a drive is cut to one character and ":". Any
   /// other value of `component`, a combination of bits included, stores nothing and rebuilds the text. No length is
-  /// tested.
+  /// tested. A NUL in a component is kept there, and ends that component in the text.
   FIO_EXPORT void make_path(FILE_COMPONENTS component, std::string const& value);
   /// @}
 
@@ -123,8 +127,8 @@ public:
   /// A copy of the text. Checks the length.
   FIO_EXPORT operator std::string() const;
 
-  /// The text itself, valid until the path is next changed or destroyed; never null. Checks the length, and costs
-  /// nothing else.
+  /// The text itself, valid until the path is next changed or destroyed; never null. Checks the length, which is all
+  /// that it costs.
   FIO_EXPORT operator char const*() const;
   /// @}
 
@@ -184,8 +188,8 @@ public:
   ///     FIO_PATH("/a/b/c.txt")[1]   => "b"
   FIO_EXPORT std::string operator[](int level) const;
 
-  /// The name of the last directory level, read from the text under the separator `/`. Checks the length, twice; a text
-  /// that is too long has no levels for this operation.
+  /// The name of the last directory level, read from the text as it divides anew, by both kinds of separator. Checks
+  /// the length, twice; a text that is too long has no levels for this operation.
   ///
   ///     "a/b/c.txt"                    => "b"
   ///     "/a/x" with `drive('C')`       => "C:": the index comes from the directory, the names from the text "C:/a/x"
@@ -213,7 +217,7 @@ public:
 
   /// @name Editing
   /// Each changes the components named, rebuilds the text, and answers this path, so that calls can be chained. Nothing
-  /// is refused and no length is tested.
+  /// is refused and no length is tested, unless said otherwise.
   /// @{
 
   /// Sets the drive to one letter and ":". No component query shows it; see `has_drive`.
@@ -245,11 +249,12 @@ public:
   /// answer alone.
   FIO_EXPORT FIO_PATH& filename(std::string const& text);
 
-  /// Replaces the last level of the directory.
+  /// Replaces the last level of the directory. An empty text does nothing at all.
   ///
   ///     "a/b/c.txt", "z"   => "a/z/c.txt"
   ///     "/a/c.txt", "z"    => "/z/c.txt"
   ///     "c.txt", "z"       => "z/c.txt"
+  ///     "/c.txt", "z"      => "z/c.txt": the root is lost
   ///     "a/c.txt", "z"     => "az/c.txt": a relative directory of one level has no separator to cut at
   ///     "a/c.txt", ""      => "a/c.txt"
   FIO_EXPORT FIO_PATH& tail(std::string const& text);
@@ -287,8 +292,8 @@ public:
 
   /// Removes "." and, as far as the text allows, ".." from the directory. Links are not looked at.
   ///
-  /// Only the directory is walked. Behind it, a base and an extension of a lone dot are erased, so a final ".." does
-  /// not climb and a name loses a final dot:
+  /// What stands behind the last separator is not interpreted, but a base and an extension of a lone dot are erased. So
+  /// a final ".." does not climb and a name loses a final dot:
   ///
   ///     "/a/./b/../c"   => "/a/c"
   ///     "/../a"         => "/a"
@@ -298,13 +303,13 @@ public:
   ///     "a/b."          => "a/b"
   ///     "."             => ".": a path without a directory is left alone
   ///
+  /// The text is what is walked, so a drive that was set, or a separator in the base, enters the directory, and stays
+  /// where it was too. Writes a debug message if the text is too long afterwards.
+  ///
   /// The environment variable `fio_old_simplify`, set to any value, selects an older algorithm; it is read at each
   /// call. That one treats a path without a directory as well ("." becomes the empty path, "..a" becomes ".a"), leaves
   /// nothing but the root of the directory of a text that is too long, and always reads the text under the separator
   /// `/`.
-  ///
-  /// The text is what is walked, so a drive that was set becomes a level of the directory, and stays the drive too.
-  /// Writes a debug message if the text is too long afterwards.
   FIO_EXPORT void become_simplified();
 
   /// The simplification itself, whatever the environment says. See `become_simplified`.
@@ -319,13 +324,13 @@ public:
   ///     "/a/../b", "/x"        => "/a/../b": an absolute path is not even simplified
   ///
   /// The current directory is read once if `directory` is empty, for an absolute path too. If it cannot be read, or if
-  /// `directory` has more than 1023 characters, the path is anchored at the root. If the two texts together have more
-  /// than that, before they are simplified, the path is empty afterwards, with `is_legal_length()` false. Checks the
-  /// length of this path.
+  /// `directory` has more than 1023 characters, the path is anchored at the root. If the two texts, joined by a `/`,
+  /// have more than that before they are simplified, the path is empty afterwards, with `is_legal_length()` false.
+  /// Checks the length of a relative path.
   FIO_EXPORT void become_absolute(std::string const& directory);
 
-  /// Moves the directory of this path, as a shell's `cd` would, and simplifies it. The name stays. The process's
-  /// current directory is neither read nor changed.
+  /// Moves the directory of this path, as a shell's `cd` would, and simplifies it, which may take a lone dot from the
+  /// name and write a debug message. The process's current directory is neither read nor changed.
   ///
   ///     "/a/b/f.t", ".."     => "/a/f.t"
   ///     "/a/b/f.t", "c\d"    => "/a/b/c/d/f.t"
@@ -335,9 +340,8 @@ public:
 
   /// The real location of an existing path: absolute, with all symbolic links resolved, as Boost.Filesystem tells it.
   ///
-  /// @return the text, of any length, or nothing on any failure (the cause is lost). A current directory that is gone
-  /// is
-  ///         one, for an absolute `path` too
+  /// @return the text, of any length and with any byte in it, or nothing on any failure (the cause is lost); a current
+  ///         directory that is gone is one, for an absolute `path` too
   FIO_EXPORT static boost::optional<std::string> canonical(std::string const& path);
   /// @}
 

@@ -1,10 +1,10 @@
 /// @file
 /// The vocabulary of files: every file type, extension type, editor and trait of the suite by name.
 ///
-/// The values are fixed for good. They cross the boundary between libraries, so a new name goes to the end of its list
-/// and no value is ever used again. Value -1 of the two type enumerations is the
-/// wildcard of the list queries. The enumerations have a fixed underlying type, so any value of that type may be asked
-/// for; the queries of `fio_file_ext_type_info.h` have an answer for unknown ones too.
+/// The values are fixed for good, gaps included. They cross the boundary between libraries, so a new name goes to the
+/// end of its list and no value is ever used again. Value -1 of the two type enumerations is the wildcard of the list
+/// queries. The enumerations have a fixed underlying type, so any value of that type may be asked for; the queries of
+/// `fio_file_ext_type_info.h` have an answer for unknown ones too.
 ///
 /// Nothing here touches the disk. Enumerators are constants and may be used from any thread.
 
@@ -554,7 +554,8 @@ enum FIO_EXTENSION_TYPE : short {
   FIO_EXTENSION_TYPE_PTCNG_PTC = 282, ///< `.ptc` of "Power and Thermal Calculator (NG) File"
 };
 
-/// The editor that opens a file: one bit, or none, or all of them as the wildcard of the list queries.
+/// The editor that opens a file: one bit, or none, or all of them as the wildcard of the list queries. Two editors have
+/// the same text.
 enum FIO_EDITOR_TYPE : unsigned int {
   FIO_EDITOR_TYPE_NONE = 0,
   FIO_EDITOR_TYPE_WAVEFORM_VECTOR_FILES = 2,
@@ -581,9 +582,8 @@ enum FIO_EDITOR_TYPE : unsigned int {
   FIO_EDITOR_TYPE_ALL_FILES = 0xFFFFFFFF,
 };
 
-/// The traits of a file type: bits that combine. Three texts stand for two bits each; the names of the second bits end
-/// in
-/// `_GROUP`.
+/// The traits of a file type: bits that combine. Three texts stand for two bits each; the names of the second ones end
+/// in `_GROUP`.
 enum FIO_FILE_TYPE_FLAG : int {
   FIO_FILE_TYPE_FLAG_SOURCE_FILES = 2,
   FIO_FILE_TYPE_FLAG_DESIGN_FILES = 4,

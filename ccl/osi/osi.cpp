@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <string>
@@ -18,12 +19,14 @@ int osi_open(char const* path, int flags, int mode) {
 }
 
 std::FILE* osi_fopen(char const* path, char const* mode) {
-  // "e" is the C library's own letter for close-on-exec; it may stand anywhere behind the first one. A mode is a few
-  // letters long, so the string allocates nothing.
-  std::string with_close_on_exec = mode;
-  if (!with_close_on_exec.empty()) {
-    with_close_on_exec.insert(1, 1, 'e');
+  // "e" is the C library's own letter for close-on-exec. That library looks at the first seven letters of a mode.
+  constexpr std::size_t letters_that_count = 7;
+  std::size_t const length = std::strlen(mode);
+  if (length == 0 || length >= letters_that_count) {
+    return std::fopen(path, mode);
   }
+  std::string with_close_on_exec = mode; // too short to allocate
+  with_close_on_exec.insert(1, 1, 'e');
   return std::fopen(path, with_close_on_exec.c_str());
 }
 

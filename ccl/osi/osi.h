@@ -24,7 +24,7 @@ struct OSI_PATH;
 /// `open`, with the close-on-exec flag added. A descriptor, or -1.
 CCL_PLATFORM_EXPORT int osi_open(char const* path, int flags, int mode);
 
-/// `fopen`, with close-on-exec set. A stream, or null.
+/// `fopen`, with close-on-exec set unless the mode has more than six letters. A stream, or null.
 CCL_PLATFORM_EXPORT std::FILE* osi_fopen(char const* path, char const* mode);
 
 /// `chmod`. 0 on success, otherwise -1.

@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <boost/filesystem/exception.hpp>
 #include <exception>
-#include <iomanip>
 #include <iostream>
 #include <list>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -25,8 +25,8 @@ enum exit_status { all_found = 0, not_all_found = 1, bad_arguments = 2 };
 
 struct arguments {
   std::string search_path;
-  std::string absolute_to;
-  std::vector<std::string> extensions;
+  std::optional<std::string> absolute_to;
+  std::optional<std::string> extensions;
   std::vector<std::string> names;
   bool recursive = false;
   bool json = false;
@@ -43,6 +43,12 @@ struct answer {
 };
 
 // What the vocabulary says, in words
+
+std::string type_of(FIO_FILE_TYPE type) {
+  std::string const name = fio_get_file_type_name(type);
+  std::string const description = fio_get_file_description(type);
+  return std::to_string(type) + ' ' + (name == description ? name : name + " (" + description + ')');
+}
 
 std::string extension_of(FIO_EXTENSION_TYPE type) {
   return type == FIO_EXTENSION_TYPE_INVALID ? std::string()
@@ -95,16 +101,38 @@ answer describe(std::string const& name, FIO_PATH const& path) {
   return result;
 }
 
+std::vector<std::string> split(std::string const& text, char separator) {
+  std::vector<std::string> parts(1);
+  for (char const character : text) {
+    if (character == separator) {
+      parts.emplace_back();
+    } else {
+      parts.back() += character;
+    }
+  }
+  return parts;
+}
+
+std::list<FIO_PATH> places_of(std::string const& name, arguments const& given, FIO_FIND const& find) {
+  FIO_PATH const wanted(name);
+  std::list<FIO_PATH> places;
+  if (!wanted.is_legal_length() || wanted.filename().empty()) {
+    // Without a name the search would find the directories themselves.
+  } else if (given.extensions) {
+    find.find_all(name, split(*given.extensions, ','), &places, false, false);
+  } else {
+    places.push_back(find.find_first_relative_path(wanted));
+  }
+  if (places.empty()) {
+    places.emplace_back();
+  }
+  return places;
+}
+
 std::vector<answer> resolve(arguments const& given, FIO_FIND const& find) {
   std::vector<answer> answers;
   for (std::string const& name : given.names) {
-    std::list<FIO_PATH> places;
-    if (given.extensions.empty()) {
-      places.push_back(find.find_first_relative_path(name));
-    } else if (!find.find_all(name, given.extensions, &places, false, false)) {
-      places.emplace_back();
-    }
-    for (FIO_PATH const& place : places) {
+    for (FIO_PATH const& place : places_of(name, given, find)) {
       answers.push_back(describe(name, place));
     }
   }
@@ -121,6 +149,12 @@ std::string joined(std::vector<std::string> const& texts) {
   return result;
 }
 
+// The number of characters of a UTF-8 text: of each, one byte is no continuation.
+std::size_t width_of(std::string const& text) {
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+}
+
 void print_table(std::vector<answer> const& answers) {
   std::vector<std::vector<std::string>> rows = {
       {"NAME", "FOUND AT", "TYPE", "EXTENSION", "EDITOR", "DOCUMENT CLASS", "TRAITS"}};
@@ -130,31 +164,33 @@ void print_table(std::vector<answer> const& answers) {
       continue;
     }
     document_class const* const document = class_of(row.file_type);
-    rows.push_back({row.name, row.path, std::to_string(row.file_type) + ' ' + fio_get_file_description(row.file_type),
-                    extension_of(row.extension_type), editor_of(row.file_type),
-                    document != nullptr ? document->name : "", joined(traits_of(row.file_type))});
+    rows.push_back({row.name, row.path, type_of(row.file_type), extension_of(row.extension_type),
+                    editor_of(row.file_type), document != nullptr ? document->name : "",
+                    joined(traits_of(row.file_type))});
   }
   std::vector<std::size_t> widths(rows.front().size());
   for (auto const& row : rows) {
     for (std::size_t i = 0; i != row.size(); ++i) {
-      widths[i] = std::max(widths[i], row[i].size());
+      widths[i] = std::max(widths[i], width_of(row[i]));
     }
   }
   for (auto const& row : rows) {
     std::string line;
     for (std::size_t i = 0; i != row.size(); ++i) {
       std::string const cell = row[i].empty() && i > 1 && row[1] != "not found" ? "-" : row[i];
-      line += cell + std::string(widths[i] + 2 - cell.size(), ' ');
+      line += cell + std::string(widths[i] + 2 - width_of(cell), ' ');
     }
     std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
   }
 }
 
+// Every answer has the same keys; those of a name that was not found are null.
 nlohmann::ordered_json to_json(answer const& row) {
-  nlohmann::ordered_json json;
-  json["name"] = row.name;
+  nlohmann::ordered_json json = {{"name", row.name},          {"path", nullptr},        {"file_type", nullptr},
+                                 {"file_type_name", nullptr}, {"description", nullptr}, {"extension_type", nullptr},
+                                 {"extension", nullptr},      {"editor", nullptr},      {"traits", nullptr},
+                                 {"document_class", nullptr}, {"clsid", nullptr}};
   if (!row.found()) {
-    json["path"] = nullptr;
     return json;
   }
   json["path"] = row.path;
@@ -168,9 +204,6 @@ nlohmann::ordered_json to_json(answer const& row) {
   if (document_class const* const document = class_of(row.file_type)) {
     json["document_class"] = document->name;
     json["clsid"] = fio_clsid_to_str(*document->clsid, FIO_CLSID_FORMAT_TEXT);
-  } else {
-    json["document_class"] = nullptr;
-    json["clsid"] = nullptr;
   }
   return json;
 }
@@ -192,14 +225,27 @@ bool is_usable(FIO_FIND const& find) {
   });
 }
 
-int run(arguments const& given) {
-  FIO_FIND find(given.search_path, given.recursive);
+// Throws what is wrong with the arguments, in one line.
+void check(arguments const& given, FIO_FIND& find) {
+  if (find.m_search_list.empty()) {
+    throw std::invalid_argument("the search path \"" + given.search_path + "\" names no directory");
+  }
   if (!is_usable(find)) {
     throw std::invalid_argument("no directory of the search path \"" + given.search_path + "\" exists");
   }
-  if (!given.absolute_to.empty() && !find.set_directory_for_results_to_become_absolute_to(given.absolute_to.c_str())) {
-    throw std::invalid_argument("--absolute-to: \"" + given.absolute_to + "\" is no absolute directory");
+  if (given.absolute_to && !find.set_directory_for_results_to_become_absolute_to(given.absolute_to->c_str())) {
+    throw std::invalid_argument("--absolute-to: \"" + *given.absolute_to + "\" is no absolute directory");
   }
+  for (std::string const& name : given.names) {
+    if (!given.extensions && name.find_first_of("*?") != std::string::npos) {
+      throw std::invalid_argument("\"" + name + "\": a name with a wildcard needs --all");
+    }
+  }
+}
+
+int run(arguments const& given) {
+  FIO_FIND find(given.search_path, given.recursive);
+  check(given, find);
   std::vector<answer> const answers = resolve(given, find);
   given.json ? print_json(answers) : print_table(answers);
   if (!std::cout.flush()) {
@@ -209,36 +255,32 @@ int run(arguments const& given) {
   return all ? all_found : not_all_found;
 }
 
-int fail(std::string const& reason) {
-  std::cerr << "resolve: " << reason.substr(0, reason.find('\n')) << '\n';
+int fail(std::string reason) {
+  std::replace(reason.begin(), reason.end(), '\n', ' ');
+  std::cerr << "resolve: " << reason << '\n';
   return bad_arguments;
 }
 
 } // namespace
 
-int main(int count, char** values) {
+int main(int count, char** values) try {
   arguments given;
   CLI::App app("Finds files over a search path and tells what they are.", "resolve");
   app.add_option("--search-path", given.search_path, "directories to search, separated by \";\"")->required();
   app.add_flag("--recursive", given.recursive, "search all subdirectories too, behind all given directories");
   app.add_option("--absolute-to", given.absolute_to, "make relative results absolute to this directory");
-  app.add_option("--all", given.extensions, "find each name in all directories, with each of these extensions")
-      ->delimiter(',')
-      ->allow_extra_args(false);
+  app.add_option("--all", given.extensions,
+                 "find each name in all directories, with each of these extensions, separated by \",\"");
   app.add_flag("--json", given.json, "print JSON instead of a table");
   app.add_option("NAME", given.names, "file names, or paths below a directory of the search path")->required();
   try {
     app.parse(count, values);
   } catch (CLI::Success const& help) {
     return app.exit(help);
-  } catch (CLI::ParseError const& error) {
-    return fail(error.what());
   }
-  try {
-    return run(given);
-  } catch (boost::filesystem::filesystem_error const& error) {
-    return fail("the search path cannot be read: " + error.code().message() + ": \"" + error.path1().string() + '"');
-  } catch (std::exception const& error) {
-    return fail(error.what());
-  }
+  return run(given);
+} catch (boost::filesystem::filesystem_error const& error) {
+  return fail("the search path cannot be read: " + error.code().message() + ": \"" + error.path1().string() + '"');
+} catch (std::exception const& error) {
+  return fail(error.what());
 }

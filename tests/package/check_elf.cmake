@@ -1,7 +1,7 @@
 # Checks what the loader will make of LIBRARY: its name, what it needs, what it protects, and that its tables stand in
 # read-only memory that needs no relocation.
 
-function(run result)
+function(output_of result)
   execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
   set(${result} "${output}" PARENT_SCOPE)
 endfunction()
@@ -18,7 +18,7 @@ function(refuse text pattern)
   endif()
 endfunction()
 
-run(dynamic ${READELF} -dW ${LIBRARY})
+output_of(dynamic ${READELF} -dW ${LIBRARY})
 expect("${dynamic}" "SONAME[^\n]*\\[libccl_fio\\.so\\.${SOVERSION}\\]")
 expect("${dynamic}" "NEEDED[^\n]*\\[libccl_platform\\.so\\.${SOVERSION}\\]")
 expect("${dynamic}" "NEEDED[^\n]*\\[libboost_filesystem\\.so")
@@ -27,13 +27,13 @@ refuse("${dynamic}" "TEXTREL")
 if(INSTALLED)
   refuse("${dynamic}" "RPATH[^\n]*|RUNPATH[^\n]*")
 endif()
-run(segments ${READELF} -lW ${LIBRARY})
+output_of(segments ${READELF} -lW ${LIBRARY})
 expect("${segments}" "GNU_RELRO")
 refuse("${segments}" "GNU_STACK[^\n]* RWE")
 
 # A table in .rodata has no relocation: the section is never written to.
-run(symbols ${NM} -C ${LIBRARY})
-foreach(table fio_file_type_datas rows::extensions fio_editor_type_to_string fio_file_type_traits_to_string
+output_of(symbols ${NM} -C ${LIBRARY})
+foreach(table fio_file_type_datas fio_extension_type_datas fio_editor_type_to_string fio_file_type_traits_to_string
               fio_extension_type_traits_to_string)
   expect("${symbols}" " [rR] fio_tables::${table}\n")
 endforeach()
@@ -44,8 +44,25 @@ if(NOT count EQUAL 157)
   message(SEND_ERROR "157 class identifiers are read-only data, and not ${count}")
 endif()
 
+# Each unit has one start-up function, in this order, and nothing else runs when the library is loaded.
+output_of(by_address ${NM} -n ${LIBRARY})
+string(REGEX MATCHALL "_GLOBAL__sub_I_[^\n]*" starters "${by_address}")
+set(units file_sys path find file_bin file_ext_type_info file_type_info extension_type_info iterator clsid)
+list(TRANSFORM units REPLACE "(.+)" "_GLOBAL__sub_I_fio_\\1.cpp")
+if(NOT "${starters}" STREQUAL "${units}")
+  message(SEND_ERROR "start-up functions: ${starters}")
+endif()
+output_of(sections ${READELF} -SW ${LIBRARY})
+expect("${sections}" " \\.init_array +INIT_ARRAY +[0-9a-f]+ [0-9a-f]+ 000050 ") # nine, and that of the C runtime
+
+# The assertions of the Boost headers are compiled in.
+file(STRINGS ${LIBRARY} boost_headers REGEX "boost/filesystem/directory\\.hpp")
+if(NOT boost_headers)
+  message(SEND_ERROR "no assertion of a Boost header is in the library")
+endif()
+
 # What the platform offers is taken from outside, all of it by name.
-run(undefined ${NM} -DC --undefined-only ${LIBRARY})
+output_of(undefined ${NM} -DC --undefined-only ${LIBRARY})
 foreach(operation "MEM_INITIALIZER::MEM_INITIALIZER\\(" "MEM_INITIALIZER::~MEM_INITIALIZER\\(" "mem_msg_local_vdebug\\("
                   "MEM_DETAIL::stl_raw_sprintf\\(" "stl_tolower\\(" "strtok_s\\(" "err_report_internal_error\\("
                   "osi_open\\(" "osi_fopen\\(" "osi_chmod\\(" "osi_getcwd\\(" "osi_mkdir\\(" "osi_rmdir\\("

@@ -1,27 +1,23 @@
 # Installs BUILD to a prefix with a blank in its name, moves it, and uses the package in each of the ways that a foreign
 # project has: find_package, pkg-config and the bare compiler.
 
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT status EQUAL 0)
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\n${output}")
-  endif()
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix "${WORK}/first place")
 file(RENAME "${WORK}/first place" "${WORK}/second place")
 set(prefix "${WORK}/second place")
 
-# What stands there, and what does not.
+# What stands there is what the list says, and nothing private.
 file(GLOB_RECURSE headers RELATIVE "${prefix}/include" "${prefix}/include/*")
-list(FILTER headers INCLUDE REGEX "internal|CMakeLists|\\.cpp$|\\.map$")
-if(headers)
-  message(SEND_ERROR "installed, but private: ${headers}")
+list(SORT headers)
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/installed_headers.txt expected_headers)
+if(NOT headers STREQUAL expected_headers)
+  message(SEND_ERROR "installed headers: ${headers}")
 endif()
 
-run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/found "-DCMAKE_PREFIX_PATH=${prefix}" -DCMAKE_CXX_COMPILER=${CXX})
+run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/found -G ${GENERATOR} "-DCMAKE_PREFIX_PATH=${prefix}"
+    -DCMAKE_CXX_COMPILER=${CXX})
 run(${CMAKE_COMMAND} --build ${WORK}/found)
 run(${WORK}/found/consumer)
 

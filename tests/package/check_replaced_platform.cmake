@@ -1,20 +1,29 @@
-# Builds the library as part of a project that brings a platform of its own, and runs that project's program.
+# Builds the library as part of a project that brings a platform of its own, runs that project's program, and does the
+# same with what that project installs.
 
-execute_process(
-  COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX}
-          -DREPOSITORY=${REPOSITORY} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
-if(status EQUAL 0)
-  execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK} RESULT_VARIABLE status OUTPUT_VARIABLE output
-                  ERROR_VARIABLE output)
-endif()
-if(status EQUAL 0)
-  execute_process(COMMAND ${WORK}/program RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
-endif()
-if(NOT status EQUAL 0)
-  message(FATAL_ERROR "${output}")
+include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
+
+set(options -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX})
+run(${CMAKE_COMMAND} -S ${SOURCE}/replaced_platform -B ${WORK}/built ${options} -DREPOSITORY=${REPOSITORY})
+run(${CMAKE_COMMAND} --build ${WORK}/built)
+run(${WORK}/built/program)
+run(${READELF} -dW ${WORK}/built/ccl/ccl/libccl_fio.so)
+if(NOT output MATCHES "librecording_platform" OR output MATCHES "libccl_platform")
+  message(FATAL_ERROR "the library does not stand on the recording platform alone:\n${output}")
 endif()
 
-execute_process(COMMAND ${READELF} -dW ${WORK}/ccl/ccl/libccl_fio.so OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
-if(NOT dynamic MATCHES "librecording_platform" OR dynamic MATCHES "libccl_platform")
-  message(FATAL_ERROR "the library does not stand on the recording platform alone:\n${dynamic}")
+file(REMOVE_RECURSE ${WORK}/installed)
+run(${CMAKE_COMMAND} --install ${WORK}/built --prefix ${WORK}/installed)
+run(${CMAKE_COMMAND} -S ${SOURCE}/replaced_consumer -B ${WORK}/found ${options}
+    -DCMAKE_PREFIX_PATH=${WORK}/installed -DPLATFORM=${WORK}/built/librecording_platform.so
+    -DPLATFORM_HEADERS=${SOURCE}/replaced_platform)
+run(${CMAKE_COMMAND} --build ${WORK}/found)
+run(${WORK}/found/program)
+
+# A platform that would be copied into the library is refused.
+execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE}/replaced_platform -B ${WORK}/static ${options}
+                        -DREPOSITORY=${REPOSITORY} -DKIND=STATIC RESULT_VARIABLE status OUTPUT_QUIET
+                ERROR_VARIABLE errors)
+if(status EQUAL 0 OR NOT errors MATCHES "name a shared[ \n]+library")
+  message(FATAL_ERROR "a static platform is not refused: ${errors}")
 endif()

@@ -1,9 +1,13 @@
 /// @file
-/// What every source unit of the library shares: its name, debug messages, internal checks and the start-up of the
-/// standard streams.
+/// What every source unit of the library shares: its name, debug messages, internal checks, those of Boost among them,
+/// and the start-up of the standard streams.
 
 #ifndef CCL_FIO_INTERNAL_MODULE_H
 #define CCL_FIO_INTERNAL_MODULE_H
+
+#ifndef BOOST_ENABLE_ASSERT_HANDLER
+#error "the assertions of Boost are to be routed to the error layer"
+#endif
 
 #include <cstdarg>
 #include <iostream> // sets up the standard streams before the unit registers: a memory layer may write to them

@@ -15,6 +15,12 @@ namespace fio_internal {
 /// The longest path text: together with its NUL it fills the buffer of 1024 bytes that the system's calls work with.
 inline constexpr std::size_t longest_path = 1023;
 
+/// Whether a path text may have this many characters: the one test of it.
+constexpr bool is_legal_length(std::size_t length) { return length <= longest_path; }
+
+/// A C-string, looked at no further than it takes to see whether its length is legal.
+inline std::string_view bounded_text(char const* text) { return {text, ::strnlen(text, longest_path + 1)}; }
+
 /// The longest extension that a text is divided into, dot included.
 inline constexpr std::size_t longest_extension = 256;
 
@@ -40,9 +46,8 @@ inline divided_path divide_path(char const* path) {
   if (path == nullptr || *path == '\0') {
     return parts;
   }
-  // The length test looks no further than it has to.
-  std::string_view const text(path, ::strnlen(path, longest_path + 1));
-  if (text.size() > longest_path) {
+  std::string_view const text = bounded_text(path);
+  if (!is_legal_length(text.size())) {
     return parts;
   }
   parts.legal = true;
