@@ -29,7 +29,7 @@ count_check() {
 
 # A number in a report in the format of JUnit: the first with this name is the sum.
 number_in() {
-  number=$(tr '\n' ' ' <"$1" | grep -o " $2=\"[0-9]*\"" | head -n 1 | tr -dc 0-9)
+  number=$(tr '\n\t' '  ' <"$1" | grep -o " $2=\"[0-9]*\"" | head -n 1 | tr -dc 0-9)
   echo "${number:-0}"
 }
 
@@ -37,6 +37,11 @@ number_in() {
 # leaves itself out is counted apart.
 count_report() {
   tests=$(number_in "$1" tests)
+  if [ "$tests" = 0 ]; then
+    say "no test in $1"
+    failed=$((failed + 1))
+    return
+  fi
   failures=$(number_in "$1" failures)
   not_run=$(($(number_in "$1" skipped) + $(number_in "$1" disabled)))
   left_out=$(grep -c 'SKIP_REGULAR_EXPRESSION_MATCHED\|result="skipped"' "$1" || true)
