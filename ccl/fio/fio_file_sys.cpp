@@ -41,11 +41,9 @@ bool has_mode_bit(char const* path, mode_t bit) {
   return FIO_FILE_SYSTEM::status(path, &buffer) && (buffer.st_mode & bit) != 0;
 }
 
-// Copies at most `limit` characters, which may lie in the target, and ends them by a NUL.
+// Copies at most `limit` characters, which may lie behind the target's start, and ends them by a NUL.
 void copy_text(char* target, std::string_view text, std::size_t limit) {
-  std::size_t const length = std::min(text.size(), limit);
-  std::memmove(target, text.data(), length);
-  target[length] = '\0';
+  *std::copy_n(text.begin(), std::min(text.size(), limit), target) = '\0';
 }
 
 void write_part(char* target, std::string_view part) {
