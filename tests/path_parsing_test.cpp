@@ -16,6 +16,7 @@
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/fio_path.h"
 #include "tests/support/allocation_failure.h"
+#include "tests/support/ever_more_memory.h"
 #include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
@@ -639,6 +640,18 @@ TEST_F(path_parsing, a_move_hands_over_the_text_itself) {
   third = std::move(second);
   EXPECT_EQ(static_cast<void const*>(own_text(third)), static_cast<void const*>(text));
   EXPECT_EQ(third.fullpath(), "d/" + repeated(300));
+}
+
+TEST_F(path_parsing, assigning_a_path_changes_nothing_unless_there_is_memory_for_all_of_it) {
+  FIO_PATH const source(repeated(40) + '/', repeated(40) + '.' + repeated(40));
+  FIO_PATH const before = with_separator('\\', "x\\y.z");
+  FIO_PATH path(before);
+  with_ever_more_memory([&] { path = source; },
+                        [&](bool enough) {
+                          EXPECT_EQ(path.fullpath(), enough ? source.fullpath() : before.fullpath());
+                          EXPECT_EQ(path.get_path_components(15), enough ? source.fullpath() : before.fullpath());
+                          EXPECT_EQ(path.absolute(), false);
+                        });
 }
 
 TEST_F(path_parsing, assigning_a_path_to_itself_changes_nothing) {

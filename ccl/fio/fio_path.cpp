@@ -109,13 +109,7 @@ FIO_PATH::FIO_PATH(FIO_PATH&& other) noexcept
 
 FIO_PATH& FIO_PATH::operator=(FIO_PATH const& other) {
   if (this != &other) {
-    m_full_path = other.m_full_path;
-    m_drive = other.m_drive;
-    m_directory = other.m_directory;
-    m_base = other.m_base;
-    m_extension = other.m_extension;
-    m_path_separator = default_path_separator();
-    m_legal_length = true;
+    *this = FIO_PATH(other);
   }
   return *this;
 }
