@@ -110,18 +110,20 @@ text_list all_of(FIO_FIND const& find, std::string const& name, text_list const&
   return texts(matches);
 }
 
+// A search for one name where only some texts exist, and the checks that it makes.
+struct row {
+  std::string search_path;
+  std::string name;
+  std::set<std::string> existing;
+  std::string result;
+  text_list checks;
+};
+
 } // namespace
 
 // find_first by name
 
 TEST_F(searching, find_first_checks_each_directory_and_then_the_candidate_in_it) {
-  struct row {
-    std::string search_path;
-    std::string name;
-    std::set<std::string> existing;
-    std::string result;
-    text_list checks;
-  };
   std::string const long_extension = "x." + repeated(300, 'e');
   std::string const cut_extension = "x." + repeated(255, 'e');
   row const rows[] = {
@@ -312,13 +314,6 @@ TEST_F(searching, an_existence_check_with_a_wildcard_opens_the_directory_once) {
 // find
 
 TEST_F(searching, find_checks_one_text_for_each_directory_of_its_own_list) {
-  struct row {
-    std::string search_path;
-    std::string name;
-    std::set<std::string> existing;
-    std::string result;
-    text_list checks;
-  };
   row const rows[] = {
       // the first hit ends the search, and the directories themselves are not looked for
       {"/a;/b;", "x.v", {"/a/x.v", "/b/x.v"}, "/a/x.v", {"/a/x.v"}},

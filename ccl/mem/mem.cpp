@@ -43,7 +43,7 @@ bool append_formatted(std::string* out, char const* format, va_list arguments) {
 
 } // namespace
 
-MEM_INITIALIZER::MEM_INITIALIZER(char const* module) noexcept : m_module(module), m_next(nullptr) {
+MEM_INITIALIZER::MEM_INITIALIZER(char const* module) : m_module(module), m_next(nullptr) {
   std::lock_guard<std::mutex> const lock(registry_mutex);
   m_previous = newest_registration;
   if (m_previous != nullptr) {

@@ -24,7 +24,7 @@
 class CCL_PLATFORM_EXPORT MEM_INITIALIZER {
 public:
   /// Registers `module`, a text that must outlive the object (a literal serves).
-  explicit MEM_INITIALIZER(char const* module) noexcept;
+  explicit MEM_INITIALIZER(char const* module);
 
   /// Undoes the registration.
   ~MEM_INITIALIZER();

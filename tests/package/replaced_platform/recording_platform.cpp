@@ -26,7 +26,7 @@ Answer record(char const* name, Answer answer) {
 
 } // namespace
 
-MEM_INITIALIZER::MEM_INITIALIZER(char const* module) noexcept : m_module(module), m_previous(nullptr), m_next(nullptr) {
+MEM_INITIALIZER::MEM_INITIALIZER(char const* module) : m_module(module), m_previous(nullptr), m_next(nullptr) {
   recorded_calls().push_back(std::string("registered ") + m_module);
 }
 
