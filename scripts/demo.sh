@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the library and its example, and takes the sources of a small design over search paths. Installs what is
-# missing, on Debian, as root or through sudo.
+# Builds the library and its examples, takes the sources of a small design over search paths, and makes and cleans a
+# scratch project of it. Installs what is missing, on Debian, as root or through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 
@@ -40,3 +40,9 @@ show "A relative search: each directory of the search path is where the path sta
   --search-path 'rtl/core;lib/memory' ../include/defs.vh ../alu.v
 show "For programs, with results made absolute." \
   --search-path 'rtl' --absolute-to "$PWD" --json top.v
+
+printf '\n# A scratch project made from the design, listed, and cleaned up.\n$ workspace --design . --into SCRATCH\n'
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+trap 'exit 1' HUP INT TERM
+"$repository/build/demo/examples/workspace" --design . --into "$scratch/project"

@@ -1016,3 +1016,12 @@ TEST_F(path_simplification, nothing_is_changed_when_memory_runs_out) {
     }
   }
 }
+
+TEST_F(path_simplification, a_directory_whose_text_a_nul_hides_is_removed) {
+  FIO_PATH path;
+  path.path_separator('\0').directory(std::string(1, '\0'));
+  ASSERT_TRUE(path.absolute());
+  ASSERT_EQ(path.fullpath(), "");
+  path.flatten();
+  EXPECT_FALSE(path.has_directory());
+}

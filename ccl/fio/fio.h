@@ -5,11 +5,13 @@
 #define CCL_FIO_FIO_H
 
 #include "ccl/fio/fio_clsid.h"
+#include "ccl/fio/fio_errc.h"
 #include "ccl/fio/fio_extension_type_info.h"
 #include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/fio_file_type_info.h"
 #include "ccl/fio/fio_find.h"
+#include "ccl/fio/fio_iterator.h"
 #include "ccl/fio/fio_path.h"
 #include "ccl/fio/fio_types.h"
 

@@ -1,11 +1,17 @@
 #include "ccl/fio/fio_file_sys.h"
 
 #include <dirent.h>
+#include <fcntl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
+#include <utime.h>
 
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "ccl/fio/fio_path.h"
 #include "ccl/fio/internal/module.h"
@@ -94,6 +100,110 @@ long find_entry(char const* path, _finddata_t* fileinfo) {
   char const* const last_slash = std::strrchr(path, '/');
   copy_text(fileinfo->name, last_slash != nullptr ? last_slash + 1 : path, sizeof fileinfo->name - 1);
   return single_entry;
+}
+
+// A search that is closed on every way out.
+class search {
+public:
+  explicit search(std::string const& filespec) : m_handle(FIO_FILE_SYSTEM::findfirst(filespec.c_str(), &entry)) {}
+  ~search() { close(); }
+  search(search const&) = delete;
+  search& operator=(search const&) = delete;
+
+  bool found() const { return m_handle != nothing_found; }
+  bool next() { return FIO_FILE_SYSTEM::findnext(m_handle, &entry) == 0; }
+  void close() { FIO_FILE_SYSTEM::findclose(std::exchange(m_handle, nothing_found)); }
+
+  bool is_dot_entry() const { return fio_internal::is_dot_name(entry.name); }
+  bool is_directory() const { return entry.attrib == attribute_directory; }
+
+  // Empty until an entry is found.
+  _finddata_t entry = {};
+
+private:
+  long m_handle;
+};
+
+struct stream_closer {
+  void operator()(std::FILE* stream) const { std::fclose(stream); }
+};
+
+using open_stream = std::unique_ptr<std::FILE, stream_closer>;
+
+// The system sees a text up to its first NUL, so what is put behind it goes there.
+std::string with_slash(std::string const& path) {
+  std::string text = path.c_str(); // NOLINT(readability-redundant-string-cstr): this cuts at the NUL
+  if (!text.empty() && text.back() != '/') {
+    text += '/';
+  }
+  return text;
+}
+
+// The unit in which content is moved.
+constexpr std::size_t copy_block = 4096;
+
+// Copies what is left of `source` into a new file and forces it to stable storage.
+bool copy_content(std::FILE* source, std::string const& target) {
+  char target_buffer[copy_block]; // outlives its stream
+  open_stream const stream(FIO_FILE_SYSTEM::fopen(target.c_str(), "wb"));
+  if (stream == nullptr) {
+    return false;
+  }
+  std::setvbuf(stream.get(), target_buffer, _IOFBF, sizeof target_buffer);
+  char block[copy_block];
+  std::size_t size = 0;
+  do {
+    size = std::fread(block, 1, sizeof block, source);
+  } while (size != 0 && std::fwrite(block, 1, size, stream.get()) == size);
+  std::fflush(stream.get());
+  ::fsync(::fileno(stream.get()));
+  return std::ferror(source) == 0 && std::ferror(stream.get()) == 0;
+}
+
+bool copy_times(std::string const& source, std::string const& target) {
+  struct stat buffer;
+  if (!FIO_FILE_SYSTEM::status(source, &buffer)) {
+    return false;
+  }
+  utimbuf const times = {buffer.st_atime, buffer.st_mtime};
+  return ::utime(target.c_str(), &times) == 0;
+}
+
+// What tells temporary names of different hosts and runs apart. A byte above 127 is hashed with its sign.
+std::uint64_t make_base_id() {
+  char host[257] = {};
+  ::gethostname(host, sizeof host - 1);
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (char const* byte = host; *byte != '\0'; ++byte) {
+    hash ^= static_cast<std::uint64_t>(static_cast<signed char>(*byte));
+    hash *= 0x100000001b3;
+  }
+  return (hash * 0x4c51b1496b317d63 + static_cast<std::uint64_t>(std::time(nullptr))) * 0xa651cd391142cc1f;
+}
+
+std::uint64_t fio_get_tmp_id() {
+  static std::uint64_t const s_base_id = make_base_id();
+  static std::atomic<std::int32_t> s_increment1{1};
+  static std::atomic<std::int32_t> s_increment2{1};
+  auto const thread = static_cast<std::uint64_t>(::syscall(SYS_gettid));
+  std::int32_t const step = s_increment1.fetch_add(2);
+  std::int32_t const number = s_increment2.fetch_add(step);
+  return thread * 0xf78daea9e4c87399 + static_cast<std::uint64_t>(number) + s_base_id;
+}
+
+constexpr char temporary_files[] = ".korvane.*.tmp";
+
+// The words of an error that cannot be handed on.
+std::string text_of(KORVANE_ERROR_MESSAGE const& message) {
+  std::string text;
+  for (KORVANE_ERROR_MESSAGE::LINE const& line : message.m_lines) {
+    if (line.m_indent != 0) {
+      text += '\n';
+      text.append(static_cast<std::size_t>(line.m_indent), '\t');
+    }
+    text += line.m_text;
+  }
+  return text;
 }
 
 } // namespace
@@ -325,6 +435,291 @@ int FIO_FILE_SYSTEM::findclose(long handle) {
   ::closedir(record->stream);
   delete record;
   return 1;
+}
+
+// Creating and copying
+
+bool FIO_FILE_SYSTEM::create(std::string const& path) {
+  if (path.empty() || !FIO_PATH::is_path_length_within_operating_system_limits(path)) {
+    return false;
+  }
+  FIO_PATH const parsed(with_slash(path));
+  std::string made = parsed.absolute() ? "/" : "";
+  int const levels = parsed.levels();
+  for (int i = 0; i < levels; ++i) {
+    if (i > 0) {
+      made += '/';
+    }
+    made += parsed[i];
+    if (exists(made.c_str()) || mkdir(made.c_str()) == 0) {
+      continue;
+    }
+    int const mkdir_errno = errno;
+    // Another process may have made it meanwhile.
+    if (is_directory(made.c_str())) {
+      continue;
+    }
+    fio_internal::mem_msg_vdebug("mkdir failed with: %s (errno: %d)", made.c_str(), mkdir_errno);
+    fio_internal::mem_msg_vdebug("is_directory (via status) failed with: %s (errno: %d)", made.c_str(), errno);
+    break;
+  }
+  return exists(path.c_str());
+}
+
+bool FIO_FILE_SYSTEM::touch(std::string const& path) {
+  if (!FIO_PATH::is_path_length_within_operating_system_limits(path)) {
+    return false;
+  }
+  FIO_PATH const file(path);
+  return create(file.directory()) && open_stream(fopen(file, "a")) != nullptr;
+}
+
+bool FIO_FILE_SYSTEM::copy(std::string const& source, std::string const& target, bool overwrite, bool preserve_time) {
+  if (!FIO_PATH::is_path_length_within_operating_system_limits(source) ||
+      !FIO_PATH::is_path_length_within_operating_system_limits(target) || !exists(source.c_str())) {
+    return false;
+  }
+  open_stream stream(fopen(source.c_str(), "rb"));
+  if (stream == nullptr) {
+    return false;
+  }
+  if (overwrite && exists(target.c_str())) {
+    remove(target);
+  }
+  if (!exists(target.c_str()) && !copy_content(stream.get(), target)) {
+    return false;
+  }
+  stream.reset();
+  return !preserve_time || copy_times(source, target);
+}
+
+bool FIO_FILE_SYSTEM::move(std::string const& source, std::string const& target, bool overwrite, bool preserve_time) {
+  return copy(source, target, overwrite, preserve_time) && remove(source);
+}
+
+bool FIO_FILE_SYSTEM::copy_files(std::string const& source, std::string const& target_directory, bool overwrite,
+                                 bool preserve_time) {
+  std::string const directory = with_slash(target_directory);
+  if (!exists(directory.c_str()) && !create(directory)) {
+    return false;
+  }
+  if (!FIO_PATH::is_path_length_within_operating_system_limits(source)) {
+    return false;
+  }
+  search matches(source);
+  if (!matches.found()) {
+    return true;
+  }
+  bool copied = false;
+  do {
+    // A name is never too long for a path by itself.
+    std::string const name = FIO_PATH(matches.entry.name).filename();
+    FIO_PATH from(source);
+    FIO_PATH to(directory);
+    from.filename(name);
+    to.filename(name);
+    copied = from.is_legal_length() && to.is_legal_length() &&
+             copy(from.fullpath(), to.fullpath(), overwrite, preserve_time);
+  } while (matches.next() && copied);
+  return copied;
+}
+
+bool FIO_FILE_SYSTEM::copy_dir(std::string const& source, std::string const& target, bool overwrite,
+                               bool preserve_time) {
+  std::string const from = with_slash(source);
+  std::string const to = with_slash(target);
+  if (!exists(to.c_str()) && !create(to)) {
+    return false;
+  }
+  std::string const all = from + '*';
+  for (std::string const* text : {&from, &to, &all}) {
+    if (!FIO_PATH::is_path_length_within_operating_system_limits(*text)) {
+      return false;
+    }
+  }
+  search entries(all);
+  if (!entries.found()) {
+    return true;
+  }
+  do {
+    if (entries.is_directory() && entries.is_dot_entry()) {
+      continue;
+    }
+    std::string const from_entry = from + entries.entry.name;
+    std::string const to_entry = to + entries.entry.name;
+    bool const copied = entries.is_directory() ? copy_dir(from_entry, to_entry, overwrite, preserve_time)
+                                               : copy(from_entry, to_entry, overwrite, preserve_time);
+    if (!copied) {
+      return false;
+    }
+  } while (entries.next());
+  return true;
+}
+
+// Temporary files
+
+std::string FIO_FILE_SYSTEM::get_tmp_path(char const* path) {
+  constexpr int attempts = 1000;
+  std::string_view const text = path;
+  std::size_t const last_separator = text.find_last_of("/\\");
+  std::string const directory(text.substr(0, last_separator == std::string_view::npos ? 0 : last_separator + 1));
+  std::string candidate;
+  for (int attempt = 0; attempt != attempts; ++attempt) {
+    std::string name;
+    MEM_DETAIL::stl_raw_sprintf(&name, ".korvane.%X.tmp", static_cast<unsigned>(fio_get_tmp_id()));
+    candidate.assign(directory).append(name);
+    if (!exists(candidate.c_str())) {
+      break;
+    }
+  }
+  return candidate;
+}
+
+bool FIO_FILE_SYSTEM::remove_temp_files(char const* directory, int age_seconds, char const* pattern) {
+  constexpr int attempts = 100;
+  std::string probe;
+  int descriptor = -1;
+  for (int attempt = 0; attempt != attempts && descriptor == -1; ++attempt) {
+    probe = get_tmp_path(directory);
+    descriptor = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+  }
+  if (descriptor == -1) {
+    return false;
+  }
+  ::close(descriptor);
+  struct stat buffer = {};
+  bool const time_is_known = status(probe, &buffer);
+  remove(probe);
+  if (!time_is_known) {
+    return false;
+  }
+  long const limit = buffer.st_mtime - age_seconds;
+  remove_recursively(directory, pattern != nullptr ? pattern : temporary_files, &limit);
+  return true;
+}
+
+// Removing in bulk
+
+bool FIO_FILE_SYSTEM::remove_files(char const* filespec) {
+  fio_internal::require_text(filespec);
+  FIO_PATH path(filespec);
+  search matches(filespec);
+  if (!matches.found()) {
+    return true;
+  }
+  bool removed = false;
+  do {
+    path.filename(matches.entry.name);
+    removed = remove(path);
+  } while (matches.next() && removed);
+  return removed;
+}
+
+bool FIO_FILE_SYSTEM::remove_recursively(char const* path, char const* pattern, long const* limit) {
+  if (path == nullptr || !is_legal_text(path) || !exists(path) || FIO_PATH::is_dot_directory(path)) {
+    return false;
+  }
+  std::string const current = get_current_directory();
+  std::string changed = path;
+  bool const removed = do_remove_recursively(changed, pattern, limit);
+  return set_current_directory(current) && removed;
+}
+
+bool FIO_FILE_SYSTEM::do_remove_recursively(std::string& path, char const* pattern, long const* limit) {
+  auto const is_to_go = [&path, pattern, limit](char const* name) {
+    return (pattern == nullptr || same_file(name, pattern)) && is_older(path.c_str(), limit);
+  };
+  bool removed = true;
+  // The system sees the text up to its first NUL; what stands behind that is put back at the end.
+  std::size_t const length = std::strlen(path.c_str());
+  std::string const unseen = path.substr(length);
+  path.resize(length);
+  search entries(path + "/*");
+  for (bool found = entries.found(); found; found = entries.next()) {
+    if (entries.is_dot_entry()) {
+      continue;
+    }
+    path += '/';
+    path += entries.entry.name;
+    if (entries.is_directory()) {
+      removed = do_remove_recursively(path, pattern, limit) && removed;
+    } else if (is_to_go(entries.entry.name)) {
+      removed = native_remove(path.c_str()) && removed;
+    }
+    path.resize(length);
+  }
+  entries.close();
+  // The directory itself goes by the name of the last entry that was read.
+  if (is_to_go(entries.entry.name)) {
+    removed = native_remove(path.c_str()) && removed;
+  }
+  path += unseen;
+  return removed;
+}
+
+bool FIO_FILE_SYSTEM::is_directory_empty(char const* path) {
+  if (!is_directory(path)) {
+    return false;
+  }
+  search entries(std::string(path) + "/*");
+  for (bool found = entries.found(); found; found = entries.next()) {
+    if (!entries.is_dot_entry()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+std::unique_ptr<FIO_ERRC> FIO_FILE_SYSTEM::remove_empty_subdirectories(std::string const& path, bool remove_root) {
+  if (!is_directory(path.c_str())) {
+    return make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>(path);
+  }
+  std::unique_ptr<FIO_ERRC> kept;
+  {
+    // The system sees the text up to its first NUL.
+    std::string const text = path.c_str(); // NOLINT(readability-redundant-string-cstr)
+    search entries(text + "/*");
+    if (!entries.found()) {
+      return make_korvane_error<FIO::ERRC::FAILED_TO_OPEN_DIRECTORY_ERRC>(path);
+    }
+    do {
+      if (!entries.is_directory() || entries.is_dot_entry()) {
+        continue;
+      }
+      std::unique_ptr<FIO_ERRC> error = remove_empty_subdirectories(text + '/' + entries.entry.name, true);
+      if (kept == nullptr) {
+        kept = std::move(error);
+      } else if (error != nullptr) {
+        fio_internal::mem_msg_vdebug("remove_empty_subdirectories failed with: %s", text_of(error->message()).c_str());
+      }
+    } while (entries.next());
+  }
+  if (remove_root && is_directory_empty(path.c_str()) && !native_remove(path.c_str())) {
+    if (kept != nullptr) {
+      fio_internal::mem_msg_vdebug("remove_empty_subdirectories failed to remove root: %s", path.c_str());
+    } else {
+      kept = make_korvane_error<FIO::ERRC::FAILED_TO_REMOVE_DIRECTORY_ERRC>(path);
+    }
+  }
+  return kept;
+}
+
+// Errors
+
+FIO_ERRC::~FIO_ERRC() = default;
+
+KORVANE_ERROR_MESSAGE FIO_ERRC::message() const { return m_message; }
+
+std::unique_ptr<KORVANE_ERRC> FIO::ERRC::NOT_A_DIRECTORY_ERRC::clone() const {
+  return std::make_unique<NOT_A_DIRECTORY_ERRC>(*this);
+}
+
+std::unique_ptr<KORVANE_ERRC> FIO::ERRC::FAILED_TO_OPEN_DIRECTORY_ERRC::clone() const {
+  return std::make_unique<FAILED_TO_OPEN_DIRECTORY_ERRC>(*this);
+}
+
+std::unique_ptr<KORVANE_ERRC> FIO::ERRC::FAILED_TO_REMOVE_DIRECTORY_ERRC::clone() const {
+  return std::make_unique<FAILED_TO_REMOVE_DIRECTORY_ERRC>(*this);
 }
 
 std::string fio_get_unc_full_path(char const* path) {

@@ -1,8 +1,9 @@
 /// @file
 /// `FIO_FILE_SYSTEM`: the library's face towards the operating system, and the find handles.
 ///
-/// A class without instances or state, used as a namespace. It opens, renames, removes and asks; it takes paths apart
-/// and puts them together as C-strings; and it walks the entries of a directory that match a wildcard.
+/// A class without instances, used as a namespace. It has no state but what makes temporary names different. It opens,
+/// renames, removes and asks; it takes paths apart and puts them together as C-strings; and it walks the entries of a
+/// directory that match a wildcard.
 ///
 ///     FIO_FILE_SYSTEM::exists("rtl/top.v")        => true if there is such an entry
 ///     FIO_FILE_SYSTEM::exists("rtl/*.v")          => true if any entry matches
@@ -12,10 +13,10 @@
 ///
 /// @par Failure
 /// Failures are told by the result alone. A `bool` is true on success; an `int` is the system's, 0 on success. Nothing
-/// is logged or retried. What another process does meanwhile is not tolerated beyond what a system call offers, except
-/// that `findnext` passes over entries that vanish. `errno` is left as the last system call set it: read it at once.
-/// `std::bad_alloc` leaves an operation that answers a string or starts a walk, and `std::logic_error` one that is said
-/// to refuse a null pointer.
+/// is logged or retried, unless an operation says so. What another process does meanwhile is not tolerated beyond what
+/// a system call offers, except that `findnext` passes over entries that vanish. `errno` is left as the last system
+/// call set it: read it at once. `std::bad_alloc` leaves an operation that answers a string or starts a walk, and
+/// `std::logic_error` one that is said to refuse a null pointer.
 ///
 /// @par Forms
 /// Where an operation takes a `FIO_PATH`, it takes its text through the length check of that class, which may write its
@@ -35,8 +36,10 @@
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <memory>
 #include <string>
 
+#include "ccl/fio/fio_errc.h"
 #include "ccl/fio/fio_export.h"
 
 class FIO_PATH;
@@ -184,7 +187,8 @@ public:
   ///
   ///     "a\b//c.tar.gz"   => dir "a\b//", fname "c.tar", ext ".gz"
   ///
-  /// `drive`, `dir`, `fname` and `ext` are buffers of 1, 1025, 1025 and 257 bytes, or null where the part is not wanted.
+  /// `drive`, `dir`, `fname` and `ext` are buffers of 1, 1025, 1025 and 257 bytes, or null where the part is not
+  /// wanted.
   ///
   /// @return false, with all parts empty, for a text that is null, empty or longer than 1023 characters
   FIO_EXPORT static bool splitpath(char const* path, char* drive, char* dir, char* fname, char* ext);
@@ -232,6 +236,116 @@ public:
 
   /// Releases a handle: 1, or -1 if it was -1, 0 or 1 and there was nothing to release.
   FIO_EXPORT static int findclose(long handle);
+  /// @}
+
+  /// @name Creating and copying
+  /// True on success. Nothing is cleaned up after a failure: what was made or copied before it stays. A text of 1024
+  /// characters or more is a failure.
+  /// @{
+
+  /// Makes a directory with all its missing parents, each by `mkdir`. Other processes may do the same at the same time:
+  /// a level that cannot be made is right if it is a directory then. Otherwise two debug messages say why it was not.
+  /// The levels are those of a `FIO_PATH`, so a `\` divides them too, and a level with a wildcard is there if anything
+  /// matches. A text of exactly 1023 characters without a `/` at its end makes nothing.
+  ///
+  /// @return whether anything stands at `path`, as it was given, afterwards: made by this call or not, directory or not
+  FIO_EXPORT static bool create(std::string const& path);
+
+  /// Sees to it that there is a file: makes its directory by `create`, and an empty file if there is none. An existing
+  /// file keeps its content and its times. A text without a directory is a failure.
+  FIO_EXPORT static bool touch(std::string const& path);
+
+  /// Copies the content of a file, and with `preserve_time` the times of its last access and modification.
+  ///
+  /// With `overwrite` an existing target is removed first. A target that stands there all the same, because it could
+  /// not be removed or because `overwrite` is false, is left as it is but for its times, and that is a success. The
+  /// content is forced to stable storage; whether that fails is not told. Mode and owner are not copied, and a link is
+  /// read through. A failed copy leaves its partial target.
+  FIO_EXPORT static bool copy(std::string const& source, std::string const& target, bool overwrite, bool preserve_time);
+
+  /// Removes the source after a `copy` that succeeded.
+  ///
+  /// @warning That copy succeeds and copies nothing where a target exists that is not to be overwritten, cannot be
+  /// removed, or is the source itself under another name: the source is lost then.
+  FIO_EXPORT static bool move(std::string const& source, std::string const& target, bool overwrite, bool preserve_time);
+
+  /// Copies every entry that matches `source`, which may hold a wildcard, into a directory, which is made if it is
+  /// missing. No match at all is a success. Ends at the first failure. A directory among the matches is one, unless its
+  /// name exists in the target and stays there, as "." and ".." always do: with `preserve_time` those are given their
+  /// times.
+  FIO_EXPORT static bool copy_files(std::string const& source, std::string const& target_directory, bool overwrite,
+                                    bool preserve_time);
+
+  /// Copies what a walk finds in a directory, and below it, into another one, which is made if it is missing. Links are
+  /// followed; one that leads nowhere, and a name with a wildcard, is not found. Ends at the first failure. A source
+  /// that cannot be opened counts as empty. A target inside the source is copied into itself until its paths are too
+  /// long.
+  FIO_EXPORT static bool copy_dir(std::string const& source, std::string const& target, bool overwrite,
+                                  bool preserve_time);
+  /// @}
+
+  /// @name Temporary files
+  /// @{
+
+  /// A name for a temporary file, ".korvane.N.tmp" with a hexadecimal number, in the directory of `path`: everything
+  /// behind the last separator is dropped.
+  ///
+  ///     "/tmp/x"   => "/tmp/.korvane.5A81F3C2.tmp"
+  ///     "/tmp"     => "/.korvane.5A81F3C2.tmp"
+  ///     ""         => ".korvane.5A81F3C2.tmp"
+  ///
+  /// Nothing is made, and nothing had this name when it was looked for, unless a thousand names in a row were taken or
+  /// the whole is too long for a path. Host, time of the first call, thread and number of the call go into the name. A
+  /// caller that needs the name for itself opens it with `O_CREAT | O_EXCL`. May be called from several threads at
+  /// once. `path` is not null.
+  FIO_EXPORT static std::string get_tmp_path(char const* path);
+
+  /// Removes temporary files that are older than `age_seconds` below `directory`, by `remove_recursively`.
+  ///
+  /// The time is that of the file system: a file is made in the directory of `directory`, as `get_tmp_path` reads it,
+  /// and removed again. What is removed is what matches `pattern`; null stands for ".korvane.*.tmp".
+  ///
+  /// @return false if the time could not be told, and nothing was removed; otherwise true, whatever the removal did
+  FIO_EXPORT static bool remove_temp_files(char const* directory, int age_seconds, char const* pattern);
+  /// @}
+
+  /// @name Removing in bulk
+  /// @warning Links to directories are followed: what they lead to is removed, and then the link. Links that lead
+  /// nowhere and names with a wildcard are not found by a walk, and keep their directory.
+  /// @{
+
+  /// Removes every entry that matches `filespec`, up to the first that cannot be removed: false then. No match is a
+  /// success. With "dir/*" the entries "." and ".." are matches, and cannot be removed.
+  ///
+  /// @throws std::logic_error if `filespec` is null
+  FIO_EXPORT static bool remove_files(char const* filespec);
+
+  /// Removes a tree, or a single file, and goes on where something cannot be removed.
+  ///
+  /// With a `pattern` only the files whose name matches are tried, and with a `limit` only what was last modified
+  /// before that second. Every directory is entered. It is tried behind its contents if it is old enough by then, which
+  /// a removal in it prevents, and if the name of the last entry that was read in it matches. The single file, and a
+  /// directory that cannot be opened, have no such entry: an empty name is matched for them, which "*" does and "*.txt"
+  /// does not.
+  ///
+  /// @return false if anything that was tried could not be removed, or if the current directory could not be read
+  ///         before and entered again behind the work; and, with nothing done, for null, a missing path, 1024 characters
+  ///         or more, and exactly "." or ".."
+  FIO_EXPORT static bool remove_recursively(char const* path, char const* pattern, long const* limit);
+
+  /// Does the work of `remove_recursively`, without its checks. `path` has its content again afterwards.
+  FIO_EXPORT static bool do_remove_recursively(std::string& path, char const* pattern, long const* limit);
+
+  /// Whether a walk finds no entry but "." and ".." in what `is_directory` says yes to. True for one that cannot be
+  /// opened.
+  FIO_EXPORT static bool is_directory_empty(char const* path);
+
+  /// Removes the directories of a tree in which a walk finds nothing, from the bottom up, and the tree itself only with
+  /// `remove_root`. A directory that holds a file stays, which is no error.
+  ///
+  /// @return null, or the first error, which stops nothing: not a directory, cannot be opened, cannot be removed. Later
+  ///         errors go to the debug log
+  FIO_EXPORT static std::unique_ptr<FIO_ERRC> remove_empty_subdirectories(std::string const& path, bool remove_root);
   /// @}
 };
 

@@ -1,7 +1,98 @@
+#include "ccl/fio/fio_iterator.h"
+
+#include <algorithm>
+
+#include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/module.h"
+#include "ccl/fio/internal/path_text.h"
 
 namespace {
 
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
+// A single bit of the type byte and not one of its values.
+constexpr unsigned char directory_bit = 4;
+
 } // namespace
+
+FIO_PATH FIO_DIRECTORY_ENTRY::derive_path() const {
+  std::string text = path;
+  std::replace(text.begin(), text.end(), '\\', '/');
+  return FIO_PATH(text);
+}
+
+FIO_DIRECTORY_ITERATOR_IMPL::FIO_DIRECTORY_ITERATOR_IMPL(char const* directory_text) : directory(directory_text) {}
+
+FIO_DIRECTORY_ITERATOR_IMPL::~FIO_DIRECTORY_ITERATOR_IMPL() {
+  if (stream != nullptr) {
+    ::closedir(stream);
+  }
+}
+
+void FIO_DIRECTORY_ITERATOR_IMPL::set_filename(char const* name, bool is_directory) {
+  entry.path = directory + '/' + name;
+  entry.is_directory = is_directory;
+}
+
+FIO_DIRECTORY_ITERATOR::FIO_DIRECTORY_ITERATOR(char const* path) {
+  if (!FIO_FILE_SYSTEM::is_directory(path)) {
+    return;
+  }
+  DIR* const stream = ::opendir(path);
+  if (stream == nullptr) {
+    return;
+  }
+  try {
+    m_impl = std::make_shared<FIO_DIRECTORY_ITERATOR_IMPL>(path);
+  } catch (...) {
+    ::closedir(stream);
+    throw;
+  }
+  m_impl->stream = stream;
+  FIO_DIRECTORY_ITERATOR::increment();
+}
+
+void FIO_DIRECTORY_ITERATOR::increment() {
+  if (m_impl == nullptr) {
+    return;
+  }
+  dirent64 const* found = nullptr;
+  do {
+    found = ::readdir64(m_impl->stream);
+  } while (found != nullptr && fio_internal::is_dot_name(found->d_name));
+  if (found == nullptr) {
+    m_impl.reset();
+    return;
+  }
+  m_impl->set_filename(found->d_name, (found->d_type & directory_bit) != 0);
+}
+
+FIO_RECURSIVE_DIRECTORY_ITERATOR::FIO_RECURSIVE_DIRECTORY_ITERATOR(char const* path) : FIO_DIRECTORY_ITERATOR(path) {}
+
+FIO_RECURSIVE_DIRECTORY_ITERATOR::~FIO_RECURSIVE_DIRECTORY_ITERATOR() = default;
+
+void FIO_RECURSIVE_DIRECTORY_ITERATOR::increment() {
+  if (is_at_end()) {
+    return;
+  }
+  if (m_subdir_iter != nullptr) {
+    m_subdir_iter->increment();
+    if (!m_subdir_iter->is_at_end()) {
+      update_entry_from_subdir_iter();
+      return;
+    }
+    m_subdir_iter.reset();
+  }
+  // Behind a subdirectory this may be the last entry from below, which was empty then: it is opened once more.
+  if (m_impl->entry.is_directory) {
+    m_subdir_iter = std::make_shared<FIO_RECURSIVE_DIRECTORY_ITERATOR>(m_impl->entry.path.c_str());
+    if (!m_subdir_iter->is_at_end()) {
+      update_entry_from_subdir_iter();
+      return;
+    }
+    m_subdir_iter.reset();
+  }
+  FIO_DIRECTORY_ITERATOR::increment();
+}
+
+void FIO_RECURSIVE_DIRECTORY_ITERATOR::update_entry_from_subdir_iter() { m_impl->entry = m_subdir_iter->m_impl->entry; }

@@ -285,10 +285,7 @@ std::string FIO_PATH::tail() const {
 
 bool FIO_PATH::legal(int level) const { return level >= 0 && level < levels(); }
 
-bool FIO_PATH::is_dot_directory(std::string const& name) {
-  std::string_view const text = c_text(name);
-  return text == "." || text == "..";
-}
+bool FIO_PATH::is_dot_directory(std::string const& name) { return fio_internal::is_dot_name(c_text(name)); }
 
 bool FIO_PATH::is_path_length_within_operating_system_limits(unsigned long length) {
   return fio_internal::is_legal_length(length);
@@ -418,7 +415,8 @@ void FIO_PATH::flatten() {
   if (!has_directory()) {
     return;
   }
-  std::string directory = simplified_root();
+  // A NUL may hide the whole text of a directory; not even its root is left then.
+  std::string directory = m_full_path.empty() ? std::string() : simplified_root();
   // What stands behind the last separator is the file name and no component, unless there is no separator at all: an
   // assigned path may have kept another one from its source.
   level_walk walk(m_full_path, m_path_separator);

@@ -1,6 +1,9 @@
 # Runs PROGRAM with ARGUMENTS in FOLDER and compares what it prints with the file EXPECTED, which holds standard output,
 # and behind a line "status N" what is on standard error.
 
+if(REMOVE)
+  file(REMOVE_RECURSE ${REMOVE})
+endif()
 separate_arguments(arguments UNIX_COMMAND "${ARGUMENTS}")
 execute_process(
   COMMAND ${PROGRAM} ${arguments}

@@ -16,7 +16,7 @@ file(REMOVE_RECURSE ${WORK}/installed)
 run(${CMAKE_COMMAND} --install ${WORK}/built --prefix ${WORK}/installed)
 run(${CMAKE_COMMAND} -S ${SOURCE}/replaced_consumer -B ${WORK}/found ${options}
     -DCMAKE_PREFIX_PATH=${WORK}/installed -DPLATFORM=${WORK}/built/librecording_platform.so
-    -DPLATFORM_HEADERS=${SOURCE}/replaced_platform)
+    -DSOURCE=${SOURCE}/replaced_platform -DREPOSITORY=${REPOSITORY})
 run(${CMAKE_COMMAND} --build ${WORK}/found)
 run(${WORK}/found/program)
 

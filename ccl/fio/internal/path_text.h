@@ -33,6 +33,9 @@ constexpr char opposite_separator(char separator) { return separator == '/' ? '\
 /// A string as the C interfaces see it: an embedded NUL ends it.
 inline std::string_view c_text(std::string const& text) { return text.c_str(); }
 
+/// Whether a name is one of the two that every directory has.
+inline bool is_dot_name(std::string_view name) { return name == "." || name == ".."; }
+
 /// The components of a path text, as views into it.
 struct divided_path {
   bool legal = false;         ///< false for a text that is null, empty or too long: all views are empty then
