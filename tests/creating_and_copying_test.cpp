@@ -1263,3 +1263,60 @@ TEST_F(creating_and_copying, copy_dir_into_itself_ends_when_the_paths_are_too_lo
   EXPECT_TRUE(is_dir(below + '/' + repeated(200, 'd')));
   EXPECT_EQ(messages(), nothing);
 }
+
+TEST_F(creating_and_copying, a_failure_closes_every_directory_and_only_copy_files_reads_on) {
+  m_tree.draw({"s/a/b/c/f=1", "d/a.x=1", "t/"});
+  replaced().osi_fopen = [](char const* /*path*/, char const* /*mode*/) -> std::FILE* { return nullptr; };
+  strings calls = calls_of([] { EXPECT_FALSE(F::copy_dir("s", "u", false, false)); });
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "closedir()"), 4);
+  auto const failed = std::find(calls.begin(), calls.end(), "osi_fopen(s/a/b/c/f, rb)");
+  EXPECT_EQ(std::count(failed, calls.end(), "readdir64()"), 0);
+  calls = calls_of([] { EXPECT_FALSE(F::copy_files("d/*.x", "t", false, false)); });
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "closedir()"), 1);
+  auto const failed_file = std::find(calls.begin(), calls.end(), "osi_fopen(d/a.x, rb)");
+  EXPECT_GE(std::count(failed_file, calls.end(), "readdir64()"), 1);
+}
+
+TEST_F(creating_and_copying, copy_dir_finishes_a_subdirectory_before_the_next_entry) {
+  m_tree.draw({"s/d1/f", "s/d2/f"});
+  strings const calls = calls_of([] { EXPECT_TRUE(F::copy_dir("s", "t", false, false)); });
+  for (char const* const directory : {"s/d1", "s/d2"}) {
+    SCOPED_TRACE(directory);
+    auto const opened = std::find(calls.begin(), calls.end(), "opendir(" + std::string(directory) + ')');
+    ASSERT_NE(opened, calls.end());
+    auto const closed = std::find(opened, calls.end(), "closedir()");
+    std::string const other = directory == std::string("s/d1") ? "s/d2" : "s/d1";
+    EXPECT_TRUE(std::none_of(opened, closed, [&](std::string const& call) { return call.find(other) != call.npos; }));
+  }
+}
+
+TEST_F(creating_and_copying, an_entry_that_vanishes_during_a_walk_is_passed_over) {
+  m_tree.draw({"s/a=1", "s/b=2"});
+  replaced().stat = [](char const* path, struct stat* buffer) {
+    if (std::string(path) == "s/a") {
+      errno = ENOENT;
+      return -1;
+    }
+    return ::lstat(path, buffer);
+  };
+  EXPECT_TRUE(F::copy_dir("s", "t", false, false));
+  EXPECT_EQ(drawing_of("t"), strings{"b=2"});
+}
+
+TEST_F(creating_and_copying, content_and_times_go_to_another_file_system) {
+  namespace fs = std::filesystem;
+  struct stat here;
+  struct stat there;
+  if (!F::status("/dev/shm", &there) || !F::status(".", &here) || here.st_dev == there.st_dev) {
+    GTEST_SKIP() << "there is no second file system at /dev/shm";
+  }
+  m_tree.draw({"s/a/f=content"});
+  std::string target = "/dev/shm/fio_test.XXXXXX";
+  ASSERT_NE(::mkdtemp(target.data()), nullptr);
+  EXPECT_TRUE(F::copy_dir("s", target, false, true));
+  EXPECT_TRUE(F::move("s/a/f", target + "/moved", false, true));
+  EXPECT_FALSE(fs::exists("s/a/f"));
+  EXPECT_EQ(fs::file_size(target + "/a/f"), 7U);
+  EXPECT_EQ(fs::last_write_time(target + "/a/f"), fs::last_write_time(target + "/moved"));
+  fs::remove_all(target);
+}

@@ -675,3 +675,55 @@ TEST_F(directory_iterator, only_exhausted_memory_leaves_an_iterator) {
   EXPECT_GT(with_ever_more_memory(walk, check), 0);
   EXPECT_EQ(entries, 3);
 }
+
+TEST_F(directory_iterator, a_copy_of_a_tree_walk_has_no_part_in_the_levels_below) {
+  enter(m_tree);
+  m_tree.draw({"d/a/b/c"});
+  FIO_RECURSIVE_DIRECTORY_ITERATOR first("d");
+  FIO_RECURSIVE_DIRECTORY_ITERATOR second = first;
+  ++first;
+  ++first;
+  EXPECT_EQ(second->path, "d/a/b/c") << "the entry is shared";
+  ++second;
+  EXPECT_TRUE(second == FIO_RECURSIVE_DIRECTORY_ITERATOR()) << "the file is the entry, and the top level has no other";
+  EXPECT_FALSE(first == FIO_RECURSIVE_DIRECTORY_ITERATOR());
+  ++first;
+  EXPECT_TRUE(first == FIO_RECURSIVE_DIRECTORY_ITERATOR());
+}
+
+TEST_F(directory_iterator, a_level_below_is_closed_before_the_repeated_attempt) {
+  enter(m_tree);
+  m_tree.draw({"r/a/b/"});
+  strings streams;
+  for (std::string const& call : calls_of([] {
+         for (FIO_DIRECTORY_ENTRY const& entry : FIO_RECURSIVE_DIRECTORY_ITERATOR("r")) {
+           EXPECT_TRUE(entry.is_directory);
+         }
+       })) {
+    if (call.rfind("opendir", 0) == 0 || call == "closedir()") {
+      streams.push_back(call);
+    }
+  }
+  EXPECT_EQ(streams, (strings{"opendir(r)", "opendir(r/a)", "opendir(r/a/b)", "closedir()", "closedir()",
+                              "opendir(r/a/b)", "closedir()", "closedir()"}));
+}
+
+TEST_F(directory_iterator, an_entry_that_is_too_long_for_a_path_derives_an_empty_one) {
+  FIO_DIRECTORY_ENTRY entry;
+  entry.path = repeated(1100);
+  FIO_PATH const path = entry.derive_path();
+  EXPECT_EQ(path.fullpath(), "");
+  EXPECT_FALSE(path.is_legal_length());
+}
+
+TEST_F(directory_iterator, an_iterator_with_a_name_is_no_end_behind_a_loop_over_it) {
+  enter(m_tree);
+  m_tree.draw({"r/f"});
+  FIO_RECURSIVE_DIRECTORY_ITERATOR walk("r");
+  int count = 0;
+  for (FIO_DIRECTORY_ENTRY const& entry : walk) {
+    count += entry.path == "r/f" ? 1 : 0;
+  }
+  EXPECT_EQ(count, 1);
+  EXPECT_FALSE(walk == FIO_RECURSIVE_DIRECTORY_ITERATOR());
+}

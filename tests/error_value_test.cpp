@@ -185,6 +185,14 @@ std::uintptr_t slot_of(Operation operation) {
 
 // Codes
 
+// An error does not change once made, and is handed over only to a pointer to a base of it.
+static_assert(!std::is_copy_assignable_v<FIO::ERRC::NOT_A_DIRECTORY_ERRC>);
+static_assert(!std::is_copy_assignable_v<FIO::ERRC::FAILED_TO_OPEN_DIRECTORY_ERRC>);
+static_assert(!std::is_copy_assignable_v<FIO::ERRC::FAILED_TO_REMOVE_DIRECTORY_ERRC>);
+static_assert(!std::is_copy_assignable_v<FIO_ERRC>);
+static_assert(std::is_convertible_v<KORVANE_ERROR<FIO::ERRC::NOT_A_DIRECTORY_ERRC>, std::unique_ptr<FIO_ERRC>>);
+static_assert(!std::is_convertible_v<KORVANE_ERROR<FIO::ERRC::NOT_A_DIRECTORY_ERRC>, std::unique_ptr<int>>);
+
 TEST_F(error_value, a_message_is_one_line_with_the_path_in_the_text_of_its_code) {
   for (code_row const& row : codes) {
     for (std::string const& path : paths) {

@@ -888,3 +888,16 @@ TEST_F(recursive_removal, empty_directories_are_removed_by_these_calls) {
   EXPECT_EQ(run(false), (names{"osi_status(d)", "opendir(d)", "stat(d/.)", "stat(d/..)", "stat(d/f)", "access(d/f)",
                                "closedir()"}));
 }
+
+TEST_F(recursive_removal, a_text_counts_up_to_its_first_nul) {
+  enter(m_tree);
+  m_tree.draw({"d/sub/", "f", "e/sub/file"});
+  EXPECT_EQ(FIO_FILE_SYSTEM::remove_empty_subdirectories(std::string("d\0x", 3), true), nullptr);
+  EXPECT_FALSE(FIO_FILE_SYSTEM::exists("d"));
+  for (std::string const& text : {std::string("f\0x", 3), std::string("e\0y", 3)}) {
+    std::string path = text;
+    EXPECT_TRUE(FIO_FILE_SYSTEM::do_remove_recursively(path, nullptr, nullptr));
+    EXPECT_EQ(path, text);
+    EXPECT_FALSE(FIO_FILE_SYSTEM::exists(path.c_str()));
+  }
+}

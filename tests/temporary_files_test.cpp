@@ -24,6 +24,7 @@
 
 #include "ccl/fio/fio_file_sys.h"
 #include "tests/support/calls.h"
+#include "tests/support/ever_more_memory.h"
 #include "tests/support/path_texts.h"
 #include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
@@ -100,9 +101,11 @@ std::uint64_t hash_of(std::string const& host) {
 
 std::string name_of(std::uint64_t identifier) {
   std::string digits;
-  for (auto rest = static_cast<std::uint32_t>(identifier); rest != 0; rest /= 16) {
+  auto rest = static_cast<std::uint32_t>(identifier);
+  do {
     digits.insert(digits.begin(), "0123456789ABCDEF"[rest % 16]);
-  }
+    rest /= 16;
+  } while (rest != 0);
   return ".korvane." + digits + ".tmp";
 }
 
@@ -632,4 +635,32 @@ TEST_F(temporary_files, names_opened_exclusively_are_never_doubled) {
       number_of(name.substr(2));
     }
   }
+}
+
+TEST_F(temporary_files, a_wildcard_in_the_directory_is_asked_about_as_one) {
+  strings const calls = calls_of([] { FIO_FILE_SYSTEM::get_tmp_path("no such directory */x"); });
+  EXPECT_EQ(calls, strings{"opendir(no such directory *)"});
+}
+
+TEST_F(temporary_files, memory_that_runs_out_leaves_no_descriptor_and_removes_nothing_else) {
+  enter(m_tree);
+  m_tree.draw({"a directory with a name that needs memory/keep"});
+  std::string const directory = "a directory with a name that needs memory/";
+  with_ever_more_memory([&] { FIO_FILE_SYSTEM::get_tmp_path(directory.c_str()); }, [](bool /*enough*/) {});
+  DIR* newest = nullptr;
+  replaced().opendir = [&newest](char const* path) { return newest = opendir_of_the_system(path); };
+  int const streams = platform_double::open_streams();
+  int left_open = 0;
+  bool answer = false;
+  with_ever_more_memory([&] { answer = FIO_FILE_SYSTEM::remove_temp_files(directory.c_str(), 0, nullptr); },
+                        [&](bool /*enough*/) {
+                          EXPECT_TRUE(FIO_FILE_SYSTEM::exists((directory + "keep").c_str()));
+                          // Where the record of a walk cannot be stored its stream stays open.
+                          if (platform_double::open_streams() != streams) {
+                            ++left_open;
+                            ::closedir(newest);
+                          }
+                        });
+  EXPECT_TRUE(answer);
+  EXPECT_EQ(left_open, 1);
 }
