@@ -60,13 +60,14 @@ public:
 
   virtual ~KORVANE_ERRC() = default;
 
+  KORVANE_ERRC& operator=(KORVANE_ERRC const&) = delete;
+
   /// A copy of the words.
   virtual KORVANE_ERROR_MESSAGE message() const = 0;
 
 protected:
   KORVANE_ERRC() = default;
   KORVANE_ERRC(KORVANE_ERRC const&) = default;
-  KORVANE_ERRC& operator=(KORVANE_ERRC const&) = delete;
 };
 
 /// What the factory answers: the owner of a new error of the class `T`. Not an exception.

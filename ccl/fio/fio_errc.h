@@ -38,13 +38,13 @@ public:
 
   std::unique_ptr<KORVANE_ERRC> clone() const override = 0;
   ~FIO_ERRC() override;
+  FIO_ERRC& operator=(FIO_ERRC const&) = delete;
 
   /// A copy of the message, for the caller to keep or change.
   KORVANE_ERROR_MESSAGE message() const override;
 
 protected:
   FIO_ERRC(FIO_ERRC const&) = default;
-  FIO_ERRC& operator=(FIO_ERRC const&) = delete;
 
 private:
   KORVANE_ERROR_MESSAGE m_message;

@@ -68,7 +68,7 @@ void make_and_clean_temporary_files(std::string const& directory) {
     std::string const name = FIO_FILE_SYSTEM::get_tmp_path(inside.c_str());
     require(FIO_FILE_SYSTEM::touch(name), "make " + name);
     if (i % 2 == 0) {
-      std::time_t const two_hours_ago = std::time(nullptr) - 2 * hour;
+      std::time_t const two_hours_ago = std::time(nullptr) - std::time_t{2} * hour;
       utimbuf const times = {two_hours_ago, two_hours_ago};
       require(::utime(name.c_str(), &times) == 0, "age " + name);
     }
