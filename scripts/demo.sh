@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the library and its examples, takes the sources of a small design over search paths, and makes and cleans a
-# scratch project of it. Installs what is missing, on Debian, as root or through sudo.
+# Builds the library and its examples, takes the sources of a small design over search paths, makes and cleans a
+# scratch project of it, and shows what the vocabulary says of a type. Installs what is missing, on Debian, as root or through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 
@@ -46,3 +46,6 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 trap 'exit 1' HUP INT TERM
 "$repository/build/demo/examples/workspace" --design . --into "$scratch/project"
+
+printf '\n# What the library knows of one kind of file.\n$ vocabulary --type "VHDL File"\n'
+"$repository/build/demo/examples/vocabulary" --type "VHDL File"

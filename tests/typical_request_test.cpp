@@ -109,6 +109,10 @@ TEST_F(typical_request, a_source_is_found_over_the_search_path_and_told_what_it_
     extension_texts.push_back(fio_get_extension_string(extension));
   }
   EXPECT_EQ(extension_texts, (text_list{".v", ".vlg", ".verilog"}));
+
+  // A dialog offers it, as one of its kind or as itself.
+  EXPECT_EQ(fio_get_file_type_filter(file_type, true), "Verilog HDL Files (*.v *.vlg *.verilog)");
+  EXPECT_EQ(fio_get_extension_type_filter(extension_type, false), "Verilog HDL File (*.v)");
   EXPECT_EQ(platform_double::calls().size(), 2u);
   EXPECT_EQ(messages(), text_list());
 }

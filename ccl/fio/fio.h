@@ -7,6 +7,7 @@
 #include "ccl/fio/fio_clsid.h"
 #include "ccl/fio/fio_errc.h"
 #include "ccl/fio/fio_extension_type_info.h"
+#include "ccl/fio/fio_file_bin.h"
 #include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/fio_file_type_info.h"

@@ -1,6 +1,7 @@
 #include "ccl/fio/fio_extension_type_info.h"
 
 #include "ccl/fio/fio_file_ext_type_info.h"
+#include "ccl/fio/internal/filter_text.h"
 #include "ccl/fio/internal/module.h"
 
 namespace {
@@ -29,4 +30,14 @@ FIO_EXTENSION_TYPE FIO_EXTENSION_TYPE_INFO::get_extension_type(std::string const
 
 FIO_FILE_TYPE FIO_EXTENSION_TYPE_INFO::get_file_type(FIO_EXTENSION_TYPE extension_type) {
   return fio_get_file_type(extension_type);
+}
+
+std::string fio_get_extension_type_filter(FIO_EXTENSION_TYPE extension_type, bool plural) {
+  FIO_FILE_TYPE const file_type = fio_get_file_type(extension_type);
+  if (file_type == FIO_FILE_TYPE_INVALID) {
+    return {};
+  }
+  std::string pattern;
+  fio_internal::append_pattern(pattern, fio_get_extension_string(extension_type));
+  return fio_internal::filter_text(fio_get_file_type_name(file_type), plural, pattern);
 }

@@ -1,5 +1,6 @@
 /// @file
-/// `FIO_EXTENSION_TYPE_INFO`: the queries on extension types as one class, with texts as strings.
+/// `FIO_EXTENSION_TYPE_INFO`: the queries on extension types as one class, with texts as strings; and the dialog filter
+/// of an extension.
 ///
 /// Each member answers exactly what the function that it names answers, which is told in `fio_file_ext_type_info.h`
 /// together with failures and thread safety. A member that answers a string may throw `std::bad_alloc`.
@@ -35,5 +36,20 @@ public:
   /// `fio_get_file_type` by extension type
   FIO_EXPORT static FIO_FILE_TYPE get_file_type(FIO_EXTENSION_TYPE extension_type);
 };
+
+/// The entry of a file dialog for one extension: its pattern, under the name of the file type that
+/// `fio_get_file_type` gives it.
+///
+///     FIO_EXTENSION_TYPE_VHDL, true        => "VHDL Files (*.vhdl)"
+///     FIO_EXTENSION_TYPE_V, false          => "Verilog HDL File (*.v)", of three types
+///     FIO_EXTENSION_TYPE_INVALID, false    => ""
+///
+/// @param plural whether an "s" stands behind the name
+/// @return the text; empty for an unknown type and for one of no file type
+/// @par Failure, thread safety
+/// As in `fio_file_ext_type_info.h`.
+/// @par Complexity
+/// Three walks over the vocabulary at most.
+FIO_EXPORT std::string fio_get_extension_type_filter(FIO_EXTENSION_TYPE extension_type, bool plural);
 
 #endif

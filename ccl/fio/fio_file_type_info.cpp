@@ -1,6 +1,7 @@
 #include "ccl/fio/fio_file_type_info.h"
 
 #include "ccl/fio/fio_file_ext_type_info.h"
+#include "ccl/fio/internal/filter_text.h"
 #include "ccl/fio/internal/module.h"
 
 namespace {
@@ -30,4 +31,14 @@ FIO_EDITOR_TYPE FIO_FILE_TYPE_INFO::get_editor_type(FIO_FILE_TYPE file_type) { r
 
 bool FIO_FILE_TYPE_INFO::is_design_file(FIO_FILE_TYPE file_type) {
   return fio_test_trait_of(file_type, FIO_FILE_TYPE_FLAG_DESIGN_FILES);
+}
+
+std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural) {
+  std::list<FIO_EXTENSION_TYPE> extensions;
+  fio_get_extension_type_list(&extensions, FIO_EXTENSION_TYPE_ANY, file_type);
+  std::string patterns;
+  for (FIO_EXTENSION_TYPE const extension : extensions) {
+    fio_internal::append_pattern(patterns, fio_get_extension_string(extension));
+  }
+  return fio_internal::filter_text(fio_get_file_type_name(file_type), plural, patterns);
 }

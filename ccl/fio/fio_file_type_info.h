@@ -1,5 +1,5 @@
 /// @file
-/// `FIO_FILE_TYPE_INFO`: the queries on file types as one class, with texts as strings.
+/// `FIO_FILE_TYPE_INFO`: the queries on file types as one class, with texts as strings; and the dialog filter of a type.
 ///
 /// Each member answers exactly what the function that it names answers, which is told in `fio_file_ext_type_info.h`
 /// together with failures and thread safety. A member that answers a string may throw `std::bad_alloc`.
@@ -42,5 +42,23 @@ public:
   /// text, `FIO_FILE_TYPE_FLAG_DESIGN_FILES_GROUP`, such as scripts, are not design files.
   FIO_EXPORT static bool is_design_file(FIO_FILE_TYPE file_type);
 };
+
+/// The entry of a file dialog for a file type: its name, and a pattern for each of its extensions, in the order of the
+/// vocabulary.
+///
+///     FIO_FILE_TYPE_VHDL_FILE, false       => "VHDL File (*.vhd *.vhdl *.vhdp)"
+///     FIO_FILE_TYPE_DIRECTORY, true        => "Directorys (*.dir)": the plural is a bare "s", whatever the word
+///     FIO_FILE_TYPE_INVALID, false         => "Invalid file type (*.)"
+///     FIO_FILE_TYPE_ANY, false             => ""
+///
+/// The name is the type's own one, where `fio_get_file_description` may say "Other".
+///
+/// @param plural whether an "s" stands behind the name
+/// @return the text; empty for an unknown type
+/// @par Failure, thread safety
+/// As in `fio_file_ext_type_info.h`.
+/// @par Complexity
+/// A walk over the vocabulary, and one more for each extension of the type.
+FIO_EXPORT std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural);
 
 #endif

@@ -79,6 +79,31 @@ std::string join_extension(First const& first, Second const& second) {
   return extension;
 }
 
+// The file name of the path that a text would give, without making one: base and extension stand side by side in it.
+std::string_view name_in(std::string const& text) {
+  divided_path const parts = divide_path(text.c_str());
+  return {parts.base.data(), parts.base.size() + parts.extension.size()};
+}
+
+// Compares the places that two paths name, and leaves the paths changed.
+int fio_path_comparison_operation(FIO_PATH& left, FIO_PATH& right) {
+  left.become_simplified();
+  right.become_simplified();
+  left.become_absolute({});
+  right.become_absolute({});
+  // Where both texts are too long, it is the right one that is complained of first.
+  char const* const right_text = right;
+  return FIO_PATH::os_specific_comparison(left, right_text);
+}
+
+// The left operand is made anew from its text, with the default separator; the right one is copied as it comes.
+template <typename Operand>
+int compare(std::string const& left, Operand const& right) {
+  FIO_PATH left_copy(left);
+  FIO_PATH right_copy(right);
+  return fio_path_comparison_operation(left_copy, right_copy);
+}
+
 } // namespace
 
 // Making and assigning
@@ -515,6 +540,60 @@ boost::optional<std::string> FIO_PATH::canonical(std::string const& path) {
   }
   return real.string();
 }
+
+std::string FIO_PATH::get_relative_to(std::string const& directory) const {
+  std::string reference = sync_path_separators(directory);
+  close_with(reference, m_path_separator);
+  FIO_PATH const self(m_full_path);
+  FIO_PATH const other(reference);
+  level_walk own(self.m_directory, self.m_path_separator);
+  level_walk theirs(other.m_directory, other.m_path_separator);
+  if (!self.absolute() || !other.absolute() || !own.next() || !theirs.next() || own.level() != theirs.level()) {
+    return m_full_path;
+  }
+  std::string_view rest = self.m_directory;
+  rest.remove_prefix(1);
+  bool is_above = false;
+  do {
+    rest.remove_prefix(own.level().size() + 1);
+    is_above = theirs.next();
+  } while (own.next() && is_above && own.level() == theirs.level());
+  std::string result;
+  for (; is_above; is_above = theirs.next()) {
+    result += "..";
+    result += m_path_separator;
+  }
+  return result.append(rest).append(self.m_base).append(self.m_extension);
+}
+
+// Comparison
+
+bool FIO_PATH::operator==(FIO_PATH const& other) const {
+  check_length(m_full_path);
+  std::string const other_name = other.filename();
+  return name_in(m_full_path) == c_text(other_name) && compare(m_full_path, other) == 0;
+}
+
+bool FIO_PATH::operator==(std::string const& other) const {
+  check_length(m_full_path);
+  return name_in(m_full_path) == name_in(other) && compare(m_full_path, other) == 0;
+}
+
+bool FIO_PATH::operator!=(FIO_PATH const& other) const { return !(*this == other); }
+
+bool FIO_PATH::operator!=(std::string const& other) const { return !(*this == other); }
+
+bool FIO_PATH::operator<(FIO_PATH const& other) const {
+  check_length(m_full_path);
+  return compare(m_full_path, other) < 0;
+}
+
+bool FIO_PATH::operator<(std::string const& other) const {
+  check_length(m_full_path);
+  return compare(m_full_path, other) < 0;
+}
+
+int FIO_PATH::os_specific_comparison(char const* left, char const* right) { return std::strcmp(left, right); }
 
 // Separators and other platforms
 

@@ -343,6 +343,66 @@ public:
   /// @return the text, of any length and with any byte in it, or nothing on any failure (the cause is lost); a current
   ///         directory that is gone is one, for an absolute `path` too
   FIO_EXPORT static boost::optional<std::string> canonical(std::string const& path);
+
+  /// The text of this path as seen from a directory, if both are absolute and share their first level. In every other
+  /// case the text of this path as it is, so that the answer is always a path.
+  ///
+  ///     "/a/b/f.t", "/a/b"   => "f.t"
+  ///     "/a/b/f.t", "/a/c"   => "../b/f.t"
+  ///     "/a/b/", "/a/b"      => "": the same directory and no file name
+  ///     "/x/f.t", "/a/b"     => "/x/f.t": nothing in common
+  ///     "/a/f.t", "/"        => "/a/f.t": the root has no levels to share, nor has a file in it
+  ///     "/a/../b/f", "/a"    => "../b/f": ".." is a level like any other
+  ///
+  /// All of `directory` counts as a directory, whether a separator ends it or not, and an empty one is relative. Names
+  /// are compared byte by byte. A text of more than 1023 characters counts as relative. With another separator of this
+  /// path the steps up have that one, and the rest has `/`:
+  ///
+  ///     "/a/b/f" with `path_separator('\')`, "/a/c"   => "..\b/f"
+  ///
+  /// Looks at neither the disk nor the current directory. Linear in the lengths of both texts.
+  FIO_EXPORT std::string get_relative_to(std::string const& directory) const;
+  /// @}
+
+  /// @name Comparison
+  ///
+  /// Two paths are compared by the texts that they have when they are simplified and anchored at the current directory,
+  /// byte by byte. Links are not looked at, and nothing has to exist. Neither operand changes.
+  ///
+  /// Equal are only two paths whose file names were the same to begin with, before they are simplified. `<` has no such
+  /// test, so two paths may be neither equal nor in any order. With the current directory "/w/x":
+  ///
+  ///     "a/b", "/w/x/a/b"      equal
+  ///     "/a/b/../c", "/a/c"    equal
+  ///     "", "/w/x/"            equal
+  ///     "/a/", "/a"            not equal, and the second is less: a directory and a file name
+  ///     "/a/b/.", "/a/b/"      not equal, for their names differ, and neither is less
+  ///
+  /// A right operand that is a path keeps its separator, whereas the left one is taken with `/`. So "/a/b" is not equal
+  /// to a path that reads "\a\b", which in its turn is equal to "/a/b".
+  ///
+  /// The current directory is read once for each operand, unless different names have already settled that the two are
+  /// not equal. If it cannot be read, relative paths are anchored at the root.
+  ///
+  /// Checks the length of the left operand, and that of a right one that is a path each time its text is read. A left
+  /// operand that is too long, or a right text that is, counts as empty.
+  ///
+  /// A literal fits both forms: compare with a `std::string` or a path. In a container with `<` as its order, the
+  /// current directory must not change.
+  /// @{
+
+  FIO_EXPORT bool operator==(FIO_PATH const& other) const;
+  FIO_EXPORT bool operator==(std::string const& other) const;
+
+  /// The exact opposite of `==`.
+  FIO_EXPORT bool operator!=(FIO_PATH const& other) const;
+  FIO_EXPORT bool operator!=(std::string const& other) const;
+
+  FIO_EXPORT bool operator<(FIO_PATH const& other) const;
+  FIO_EXPORT bool operator<(std::string const& other) const;
+
+  /// How this platform compares names: `strcmp`, case and all. Below 0, 0 or above 0.
+  FIO_EXPORT static int os_specific_comparison(char const* left, char const* right);
   /// @}
 
   /// @name Separators and other platforms

@@ -9,6 +9,7 @@
 #include <boost/filesystem/exception.hpp>
 #include <exception>
 #include <iostream>
+#include <iterator>
 #include <list>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -17,7 +18,8 @@
 #include <vector>
 
 #include "ccl/fio/fio.h"
-#include "examples/common/document_classes.h"
+#include "examples/common/table.h"
+#include "examples/common/vocabulary_texts.h"
 
 namespace {
 
@@ -55,38 +57,8 @@ std::string extension_of(FIO_EXTENSION_TYPE type) {
                                             : std::to_string(type) + ' ' + fio_get_extension_string(type);
 }
 
-std::string editor_of(FIO_FILE_TYPE type) {
-  FIO_EDITOR_TYPE const editor = fio_get_editor_type(type);
-  return editor == FIO_EDITOR_TYPE_NONE ? std::string() : std::string(fio_get_editor_type_string(editor));
-}
-
-std::vector<std::string> traits_of(FIO_FILE_TYPE type) {
-  std::vector<std::string> texts;
-  for (unsigned bit = 2; bit != 0x80000000u; bit <<= 1) {
-    auto const trait = static_cast<FIO_FILE_TYPE_FLAG>(bit);
-    if (!fio_test_trait_of(type, trait)) {
-      continue;
-    }
-    std::string const text = fio_get_file_type_trait_string(trait);
-    // Two traits may have the same words.
-    if (std::find(texts.begin(), texts.end(), text) == texts.end()) {
-      texts.push_back(text);
-    }
-  }
-  return texts;
-}
-
-/// The class whose documents are files of this type, or null. The vocabulary tells types by their class and not the
-/// other way round, and a class that serves several types stands for the first of them: the others have none here.
-document_class const* class_of(FIO_FILE_TYPE type) {
-  if (type == FIO_FILE_TYPE_INVALID) {
-    return nullptr;
-  }
-  auto const* const found =
-      std::find_if(std::begin(document_classes), std::end(document_classes),
-                   [type](document_class const& candidate) { return fio_get_file_type(*candidate.clsid) == type; });
-  return found != std::end(document_classes) ? found : nullptr;
-}
+/// The entry of a file dialog that offers all files of this type.
+std::string filter_of(FIO_FILE_TYPE type) { return fio_get_file_type_filter(type, true); }
 
 // Searching
 
@@ -141,47 +113,28 @@ std::vector<answer> resolve(arguments const& given, FIO_FIND const& find) {
 
 // Output
 
-std::string joined(std::vector<std::string> const& texts) {
-  std::string result;
-  for (std::string const& text : texts) {
-    result += (result.empty() ? "" : ", ") + text;
+table_row to_row(answer const& row) {
+  if (!row.found()) {
+    return {row.name, "not found", "", "", "", "", "", ""};
   }
-  return result;
-}
-
-// The number of characters of a UTF-8 text: of each, one byte is no continuation.
-std::size_t width_of(std::string const& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+  document_class const* const document = class_of(row.file_type);
+  table_row cells = {row.name,
+                     row.path,
+                     type_of(row.file_type),
+                     extension_of(row.extension_type),
+                     editor_of(row.file_type),
+                     document != nullptr ? document->name : "",
+                     joined(traits_of(row.file_type)),
+                     filter_of(row.file_type)};
+  std::replace(cells.begin(), cells.end(), std::string(), std::string("-"));
+  return cells;
 }
 
 void print_table(std::vector<answer> const& answers) {
-  std::vector<std::vector<std::string>> rows = {
-      {"NAME", "FOUND AT", "TYPE", "EXTENSION", "EDITOR", "DOCUMENT CLASS", "TRAITS"}};
-  for (answer const& row : answers) {
-    if (!row.found()) {
-      rows.push_back({row.name, "not found", "", "", "", "", ""});
-      continue;
-    }
-    document_class const* const document = class_of(row.file_type);
-    rows.push_back({row.name, row.path, type_of(row.file_type), extension_of(row.extension_type),
-                    editor_of(row.file_type), document != nullptr ? document->name : "",
-                    joined(traits_of(row.file_type))});
-  }
-  std::vector<std::size_t> widths(rows.front().size());
-  for (auto const& row : rows) {
-    for (std::size_t i = 0; i != row.size(); ++i) {
-      widths[i] = std::max(widths[i], width_of(row[i]));
-    }
-  }
-  for (auto const& row : rows) {
-    std::string line;
-    for (std::size_t i = 0; i != row.size(); ++i) {
-      std::string const cell = row[i].empty() && i > 1 && row[1] != "not found" ? "-" : row[i];
-      line += cell + std::string(widths[i] + 2 - width_of(cell), ' ');
-    }
-    std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
-  }
+  std::vector<table_row> rows = {
+      {"NAME", "FOUND AT", "TYPE", "EXTENSION", "EDITOR", "DOCUMENT CLASS", "TRAITS", "FILTER"}};
+  std::transform(answers.begin(), answers.end(), std::back_inserter(rows), to_row);
+  write_table(std::cout, rows);
 }
 
 // Every answer has the same keys; those of a name that was not found are null.
@@ -189,7 +142,7 @@ nlohmann::ordered_json to_json(answer const& row) {
   nlohmann::ordered_json json = {{"name", row.name},          {"path", nullptr},        {"file_type", nullptr},
                                  {"file_type_name", nullptr}, {"description", nullptr}, {"extension_type", nullptr},
                                  {"extension", nullptr},      {"editor", nullptr},      {"traits", nullptr},
-                                 {"document_class", nullptr}, {"clsid", nullptr}};
+                                 {"document_class", nullptr}, {"clsid", nullptr},       {"filter", nullptr}};
   if (!row.found()) {
     return json;
   }
@@ -205,6 +158,7 @@ nlohmann::ordered_json to_json(answer const& row) {
     json["document_class"] = document->name;
     json["clsid"] = fio_clsid_to_str(*document->clsid, FIO_CLSID_FORMAT_TEXT);
   }
+  json["filter"] = filter_of(row.file_type);
   return json;
 }
 
