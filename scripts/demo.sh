@@ -1,6 +1,7 @@
 #!/bin/sh
 # Builds the library and its examples, takes the sources of a small design over search paths, makes and cleans a
-# scratch project of it, and shows what the vocabulary says of a type. Installs what is missing, on Debian, as root or through sudo.
+# scratch project of it, and shows what the vocabulary says of a type. Installs what is missing, on Debian, as root or
+# through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 

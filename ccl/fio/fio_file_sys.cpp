@@ -23,7 +23,7 @@ namespace {
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
 // The error number of a failure is the system's own; there is nothing to translate on this platform.
-[[gnu::used]] void fio_set_errno() {}
+[[maybe_unused]] constexpr void fio_set_errno() {}
 
 // Single bits of the mode, not values of its file-type field.
 constexpr mode_t directory_bit = 0x4000;
@@ -39,8 +39,8 @@ bool has_wildcard(char const* path) { return std::strpbrk(path, "*?") != nullptr
 
 bool is_legal_text(char const* path) { return fio_internal::is_legal_length(fio_internal::bounded_text(path).size()); }
 
-// Whether one byte of a pattern, which is no `*`, stands for a byte of a name. The end of a pattern stands for none.
-bool matches_byte(char pattern, char name) { return (pattern == '?' && name != '\0') || pattern == name; }
+// Whether one byte of a pattern, which is no `*`, stands for a byte of a name, which is not its end.
+bool matches_byte(char pattern, char name) { return pattern == '?' || pattern == name; }
 
 bool has_mode_bit(char const* path, mode_t bit) {
   struct stat buffer;
@@ -197,11 +197,8 @@ constexpr char temporary_files[] = ".korvane.*.tmp";
 std::string text_of(KORVANE_ERROR_MESSAGE const& message) {
   std::string text;
   for (KORVANE_ERROR_MESSAGE::LINE const& line : message.m_lines) {
-    if (line.m_indent != 0) {
-      text += '\n';
-      text.append(static_cast<std::size_t>(line.m_indent), '\t');
-    }
-    text += line.m_text;
+    bool const is_indented = line.m_indent != 0;
+    text.append(is_indented, '\n').append(static_cast<std::size_t>(line.m_indent), '\t').append(line.m_text);
   }
   return text;
 }

@@ -563,7 +563,8 @@ std::string FIO_PATH::get_relative_to(std::string const& directory) const {
     result += "..";
     result += m_path_separator;
   }
-  return result.append(rest).append(self.m_base).append(self.m_extension);
+  result.append(rest).append(self.m_base).append(self.m_extension);
+  return result;
 }
 
 // Comparison

@@ -11,8 +11,9 @@
 ///     path.base(), path.extension()         => "alu", "v"
 ///     path.filename("fpu.sv").fullpath()    => "rtl/core/fpu.sv"
 ///
-/// A path says nothing about what exists. `become_absolute` and `canonical` read the current directory, `canonical`
-/// asks about links, and simplification reads one environment variable; all other operations are work on texts.
+/// A path says nothing about what exists. `become_absolute`, `canonical` and the comparisons read the current
+/// directory, `canonical` asks about links, and whatever simplifies (anchoring, moving and comparing too) reads one
+/// environment variable; all other operations are work on texts.
 ///
 /// @par Separators
 /// Both `/` and `\` separate when a text is divided. The directory is stored with the path's own separator, `/` unless
@@ -35,7 +36,7 @@
 /// @par Thread safety
 /// A path is like a string: several threads may read one object, or use different objects freely, but one that changes
 /// an object must be alone with it. The current directory belongs to the process and the environment too: nobody may
-/// change the environment while a path is simplified.
+/// change the environment while a path is simplified, anchored, moved or compared.
 
 #ifndef CCL_FIO_FIO_PATH_H
 #define CCL_FIO_FIO_PATH_H
@@ -354,9 +355,10 @@ public:
   ///     "/a/f.t", "/"        => "/a/f.t": the root has no levels to share, nor has a file in it
   ///     "/a/../b/f", "/a"    => "../b/f": ".." is a level like any other
   ///
-  /// All of `directory` counts as a directory, whether a separator ends it or not, and an empty one is relative. Names
-  /// are compared byte by byte. A text of more than 1023 characters counts as relative. With another separator of this
-  /// path the steps up have that one, and the rest has `/`:
+  /// All of `directory` counts as a directory, whether a separator ends it or not (but a NUL ends it, and the name in
+  /// front of that is none then), and an empty one is relative. Names are compared byte by byte. A text of more than
+  /// 1023 characters counts as relative; that of a directory is measured as it is used, with runs of separators made one
+  /// and one at its end. With another separator of this path the steps up have that one, and the rest has `/`:
   ///
   ///     "/a/b/f" with `path_separator('\')`, "/a/c"   => "..\b/f"
   ///
@@ -387,8 +389,9 @@ public:
   /// Checks the length of the left operand, and that of a right one that is a path each time its text is read. A left
   /// operand that is too long, or a right text that is, counts as empty.
   ///
-  /// A literal fits both forms: compare with a `std::string` or a path. In a container with `<` as its order, the
-  /// current directory must not change.
+  /// A literal fits both forms: compare with a `std::string` or a path. For a sorted container, whose order is `<`, the
+  /// keys must have the separator `/` and the current directory must not change: one that reads "\a\b" is less than
+  /// itself.
   /// @{
 
   FIO_EXPORT bool operator==(FIO_PATH const& other) const;
