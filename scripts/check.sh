@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds the library in its release and sanitizer forms, runs all tests in each, and checks the format of the sources.
-# With --full also: the build and tests of the other compiler, and clang-tidy. Installs what is missing, on Debian, as
-# root or through sudo. The last line is the sum: "N passed, N failed".
+# With --full also: the build and tests of the other compiler, clang-tidy, and the campaigns whole. Installs what is
+# missing, on Debian, as root or through sudo. The last line is the sum: "N passed, N failed".
 
 . "$(dirname -- "$0")/common.sh"
 
@@ -16,7 +16,7 @@ case $#,${1-} in
   ;;
 esac
 
-need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all}
+need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
 
 passed=0
 failed=0
@@ -122,6 +122,8 @@ esac
 if [ -n "$full" ]; then
   say "clang-tidy"
   count_check tidy_is_silent
+  say "campaigns"
+  count_check scripts/campaigns.sh >&2
 fi
 
 [ "$skipped" = 0 ] || say "$skipped tests left themselves out"

@@ -10,6 +10,7 @@ cd "$repository"
 packages_to_build="g++ cmake ninja-build libboost-dev libboost-filesystem-dev libcli11-dev nlohmann-json3-dev"
 packages_to_check="libgtest-dev clang-format pkgconf"
 packages_to_check_all="clang libclang-rt-14-dev clang-tidy"
+packages_to_measure="gcovr"
 
 say() {
   printf '== %s\n' "$*" >&2

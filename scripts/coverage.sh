@@ -5,7 +5,7 @@
 
 . "$(dirname -- "$0")/common.sh"
 
-need_packages $packages_to_build $packages_to_check gcovr
+need_packages $packages_to_build $packages_to_check $packages_to_measure
 say "coverage: building"
 build coverage
 say "coverage: testing"

@@ -357,8 +357,8 @@ public:
   ///
   /// All of `directory` counts as a directory, whether a separator ends it or not (but a NUL ends it, and the name in
   /// front of that is none then), and an empty one is relative. Names are compared byte by byte. A text of more than
-  /// 1023 characters counts as relative; that of a directory is measured as it is used, with runs of separators made one
-  /// and one at its end. With another separator of this path the steps up have that one, and the rest has `/`:
+  /// 1023 characters counts as relative; that of a directory is measured as it is used, with runs of separators made
+  /// one and one at its end. With another separator of this path the steps up have that one, and the rest has `/`:
   ///
   ///     "/a/b/f" with `path_separator('\')`, "/a/c"   => "..\b/f"
   ///
