@@ -42,8 +42,8 @@ campaign random_sequences "$tests/model/random_sequences" --full
 campaign allocation_sweep "$tests/sweeps/allocation_sweep" --full
 campaign system_call_sweep "$tests/sweeps/system_call_sweep" --full
 campaign real_faults "$tests/faults/real_faults" --full
-campaign threads "$tests/stress/threads" --full
-campaign processes "$tests/stress/processes" --full
+campaign threads "$tests/stress/stress_threads" --full
+campaign processes "$tests/stress/stress_processes" --full
 campaign fuzzing scripts/fuzz.sh 60
 campaign mutation tail -n 1 tests/mutation/report.md
 campaign coverage scripts/coverage.sh

@@ -1,15 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdint>
 #include <fstream>
 #include <ios>
 #include <istream>
+#include <iterator>
 #include <limits>
 #include <ostream>
 #include <sstream>
 #include <streambuf>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "ccl/fio/fio_file_bin.h"
@@ -189,7 +192,9 @@ void expect_a_full_stream_to_take_what_it_can() {
     counted_bytes target({}, space);
     std::ostream stream(&target);
     FIO_BIN_OFILE(stream) << static_cast<Integer>(-2);
-    EXPECT_TRUE(stream.bad());
+    // A byte behind the one that was refused is attempted, which a bad stream takes as one more failure.
+    bool const is_last = space + 1 == sizeof(Integer);
+    EXPECT_EQ(stream.rdstate(), is_last ? std::ios::badbit : std::ios::badbit | std::ios::failbit);
     EXPECT_EQ(target.taken, encoded(static_cast<Integer>(-2)).substr(0, space));
 
     counted_bytes second({}, space);

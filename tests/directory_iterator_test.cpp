@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "ccl/fio/fio_iterator.h"
+#include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
 #include "tests/support/ever_more_memory.h"
 #include "tests/support/path_texts.h"
@@ -726,4 +727,38 @@ TEST_F(directory_iterator, an_iterator_with_a_name_is_no_end_behind_a_loop_over_
   }
   EXPECT_EQ(count, 1);
   EXPECT_FALSE(walk == FIO_RECURSIVE_DIRECTORY_ITERATOR());
+}
+
+TEST_F(directory_iterator, without_memory_for_the_next_entry_the_present_one_stays_whole) {
+  std::string const name = repeated(40, 'n');
+  m_tree.draw({(name + "-file").c_str(), (name + "-directory/").c_str()});
+  FIO_DIRECTORY_ITERATOR entries(m_tree.root().c_str());
+  FIO_DIRECTORY_ENTRY const first = *entries;
+  {
+    allocation_failure const failing(1);
+    EXPECT_THROW(++entries, std::bad_alloc);
+  }
+  EXPECT_EQ(entries->path, first.path);
+  EXPECT_EQ(entries->is_directory, first.is_directory) << "the kind of an entry that was never reached";
+}
+
+TEST_F(directory_iterator, without_memory_for_an_entry_below_the_directory_stays_the_entry) {
+  std::string const name = repeated(200, 'n');
+  m_tree.make_file(name + '/' + name);
+  enter(m_tree);
+  int failed = 0;
+  for (bool done = false; !done; ++failed) {
+    FIO_RECURSIVE_DIRECTORY_ITERATOR walk(".");
+    {
+      allocation_failure const failing(failed + 1);
+      try {
+        ++walk;
+        done = true;
+      } catch (std::bad_alloc const&) {
+      }
+    }
+    EXPECT_EQ(walk->is_directory, walk->path == "./" + name) << failed << ": " << walk->path;
+    EXPECT_EQ(walk->path.size(), done ? 403u : 202u);
+  }
+  EXPECT_GT(failed, 2);
 }

@@ -433,3 +433,18 @@ TEST_F(error_value, lack_of_memory_leaves_nothing_behind) {
   EXPECT_TRUE(enough);
   EXPECT_GE(failures, 2);
 }
+
+TEST_F(error_value, lack_of_memory_never_cuts_the_words) {
+  std::string const path = repeated(700);
+  bool enough = false;
+  for (long failures = 0; !enough && failures != 100; ++failures) {
+    allocation_failure const failing(failures + 1);
+    try {
+      auto const error = make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>(path);
+      enough = true;
+      EXPECT_EQ(error->message().m_lines[0].m_text, "The given path \"" + path + "\" is not a valid directory.");
+    } catch (std::bad_alloc const&) {
+    }
+  }
+  EXPECT_TRUE(enough);
+}

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <new>
+#include <functional>
 #include <set>
 #include <string>
 #include <type_traits>
@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "ccl/fio/fio_path.h"
-#include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
+#include "tests/support/ever_more_memory.h"
 #include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
@@ -303,7 +303,22 @@ texts complaints_of(Operation operation, texts const& paths) {
 texts const no_reads;
 texts const two_reads{"osi_getcwd(1024)", "osi_getcwd(1024)"};
 
-// Whether a path has a member for another relation.
+// Whether a path has a member, or a function beside it, for another relation, or a member for C-strings.
+
+template <typename Path, typename = void>
+constexpr bool has_function_beside_it = false;
+template <typename Path>
+constexpr bool
+    has_function_beside_it<Path, std::void_t<decltype(operator>(std::declval<Path>(), std::declval<Path>())),
+                                             decltype(operator<=(std::declval<Path>(), std::declval<Path>())),
+                                             decltype(operator>=(std::declval<Path>(), std::declval<Path>()))>> = true;
+
+template <typename Path, typename = void>
+constexpr bool compares_with_c_strings = false;
+template <typename Path>
+constexpr bool
+    compares_with_c_strings<Path, std::void_t<decltype(std::declval<Path>().operator==(std::declval<char const*>()))>> =
+        true;
 
 template <typename Path, typename Right, typename = void>
 constexpr bool has_greater = false;
@@ -336,6 +351,7 @@ TEST_F(path_comparison, there_are_six_operators) {
   static_assert(has_type<bool (FIO_PATH::*)(std::string const&) const>(&FIO_PATH::operator<));
   static_assert(has_type<int (*)(char const*, char const*)>(&FIO_PATH::os_specific_comparison));
 
+  static_assert(!has_function_beside_it<FIO_PATH const&> && !compares_with_c_strings<FIO_PATH const&>);
   static_assert(!has_greater<FIO_PATH, FIO_PATH> && !has_greater<FIO_PATH, std::string>);
   static_assert(!has_at_most<FIO_PATH, FIO_PATH> && !has_at_most<FIO_PATH, std::string>);
   static_assert(!has_at_least<FIO_PATH, FIO_PATH> && !has_at_least<FIO_PATH, std::string>);
@@ -574,22 +590,27 @@ TEST_F(path_comparison, operands_are_left_alone) {
 TEST_F(path_comparison, memory_that_runs_out_changes_no_operand) {
   FIO_PATH const left("a/../" + repeated(50) + "/f");
   FIO_PATH const right(repeated(50) + "/./f");
+  std::string const text = right.fullpath();
   view const left_before = view_of(left);
   view const right_before = view_of(right);
-  long failures = 0;
-  for (bool ended = false; !ended; ++failures) {
-    bool equal = false;
-    try {
-      allocation_failure const failure(failures + 1);
-      equal = left == right;
-      ended = true;
-    } catch (std::bad_alloc const&) {
-    }
-    expect_same(view_of(left), left_before);
-    expect_same(view_of(right), right_before);
-    EXPECT_EQ(equal, ended);
+  struct {
+    std::function<bool()> compare;
+    bool expected;
+  } const rows[] = {
+      {[&] { return left == right; }, true},  {[&] { return left == text; }, true},
+      {[&] { return left != right; }, false}, {[&] { return left != text; }, false},
+      {[&] { return left < right; }, false},  {[&] { return left < text; }, false},
+  };
+  for (auto const& row : rows) {
+    bool answer = !row.expected;
+    int const failed = with_ever_more_memory([&] { answer = row.compare(); },
+                                             [&](bool succeeded) {
+                                               EXPECT_EQ(answer == row.expected, succeeded);
+                                               expect_same(view_of(left), left_before);
+                                               expect_same(view_of(right), right_before);
+                                             });
+    EXPECT_GT(failed, 1);
   }
-  EXPECT_GT(failures, 1);
 }
 
 TEST_F(path_comparison, text_ends_at_its_first_nul) {
@@ -624,6 +645,13 @@ TEST_F(path_comparison, components_end_at_their_first_nul) {
     expect_comparison(FIO_PATH("d/f"), named, {true, '='});
     expect_comparison(named, FIO_PATH("d/f"), {true, '='});
     expect_comparison(named, edited("d", "f\0y"s), {true, '='});
+    // The name ends there as a whole, and its extension with it, but the text goes on behind it.
+    FIO_PATH extended = named;
+    extended.extension("e", "");
+    ASSERT_EQ(extended.fullpath(), "d/f.e");
+    expect_comparison(FIO_PATH("d/f.e"), extended, {false, '='});
+    expect_comparison(FIO_PATH("d/f"), extended, {false, '<'});
+    expect_comparison(extended, extended, {false, '='});
     FIO_PATH const located = edited("d\0e"s, "f");
     expect_comparison(FIO_PATH("d/f"), located, {true, '='});
     expect_comparison(located, FIO_PATH("d/f"), {true, '='});
@@ -748,6 +776,8 @@ TEST_F(path_comparison, long_extension_is_cut_on_the_left_only) {
   expect_comparison(edited_extension, edited_extension, {false, '<'});
   expect_comparison(edited_extension, edited_extension.fullpath(), {true, '='});
   expect_comparison(FIO_PATH("/a" + whole), "/a" + cut, {true, '='});
+  expect_comparison(FIO_PATH("/a" + cut), "/a" + whole, {true, '='});
+  expect_comparison(edited_extension, FIO_PATH("/a" + cut), {true, '='});
   expect_comparison(FIO_PATH("/a" + cut), FIO_PATH("/a" + whole), {true, '='});
   expect_comparison(FIO_PATH("/a" + cut), edited_extension, {false, '<'});
 }

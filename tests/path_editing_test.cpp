@@ -960,3 +960,25 @@ TEST_F(path_editing, a_directory_is_stored_with_its_separator_or_not_at_all) {
     EXPECT_EQ(directory, directory == "a/b/" && !ended ? "a/b/" : text + '/') << first_to_fail;
   }
 }
+
+TEST_F(path_editing, a_file_name_is_set_whole_or_not_at_all_when_memory_runs_out) {
+  std::string const directory = repeated(40, 'd');
+  std::string const base = repeated(50, 'b');
+  std::string const extension = "." + repeated(60, 'e');
+  for (std::string const& text : {base + extension, directory + '/' + base + extension}) {
+    int old = 0;
+    for (long first_to_fail = 1;; ++first_to_fail) {
+      FIO_PATH path("a/b.");
+      bool const ended =
+          ends_in_spite_of_failure(first_to_fail, path, [&text](FIO_PATH& edited) { edited.filename(text); });
+      bool const is_old = stored_text(path) == "a/b.";
+      EXPECT_TRUE(is_old || stored_text(path) == "a/" + text) << first_to_fail << ": " << stored_text(path);
+      old += is_old ? 1 : 0;
+      if (ended) {
+        EXPECT_FALSE(is_old);
+        break;
+      }
+    }
+    EXPECT_GT(old, 1) << text;
+  }
+}

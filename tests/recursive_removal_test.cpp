@@ -24,6 +24,7 @@
 
 #include "ccl/fio/fio_errc.h"
 #include "ccl/fio/fio_file_sys.h"
+#include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
 #include "tests/support/path_texts.h"
 #include "tests/support/platform_double.h"
@@ -900,4 +901,39 @@ TEST_F(recursive_removal, a_text_counts_up_to_its_first_nul) {
     EXPECT_EQ(path, text);
     EXPECT_FALSE(FIO_FILE_SYSTEM::exists(path.c_str()));
   }
+}
+
+TEST_F(recursive_removal, the_path_of_a_removal_has_its_content_again_when_memory_runs_out) {
+  std::string const name = repeated(100, 'n');
+  std::string const content = std::string("top\0unseen", 10);
+  enter(m_tree);
+  // A walk whose record cannot be stored leaves its stream open.
+  std::vector<DIR*> open;
+  open.reserve(16);
+  platform_double::replaced().opendir = [&open](char const* path) {
+    open.push_back(opendir_of_the_system(path));
+    return open.back();
+  };
+  platform_double::replaced().closedir = [&open](DIR* stream) {
+    open.erase(std::remove(open.begin(), open.end(), stream), open.end());
+    return closedir_of_the_system(stream);
+  };
+  bool done = false;
+  for (long failures = 0; !done && failures != 100; ++failures) {
+    m_tree.make_file("top/" + name + '/' + name);
+    std::string path = content;
+    {
+      allocation_failure const failing(failures + 1);
+      try {
+        done = FIO_FILE_SYSTEM::do_remove_recursively(path, nullptr, nullptr);
+      } catch (std::bad_alloc const&) {
+      }
+    }
+    EXPECT_EQ(path, content) << failures;
+    while (!open.empty()) {
+      ::closedir(open.back());
+    }
+  }
+  EXPECT_TRUE(done);
+  EXPECT_EQ(left(), names());
 }

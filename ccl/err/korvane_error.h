@@ -16,6 +16,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
+#include <ostream>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -91,6 +93,25 @@ private:
   std::unique_ptr<T> m_error;
 };
 
+namespace korvane_detail {
+
+/// An argument on its way into a format. A stream swallows the exception when memory runs out, and the text would be
+/// cut without a word.
+template <typename T>
+struct fed_argument {
+  T const& value;
+
+  friend std::ostream& operator<<(std::ostream& stream, fed_argument const& argument) {
+    stream << argument.value;
+    if (stream.bad()) {
+      throw std::bad_alloc();
+    }
+    return stream;
+  }
+};
+
+} // namespace korvane_detail
+
 /// Makes an error of the class `T` from the text that `T::format_text()` answers, with `arguments` fed into it.
 ///
 ///     make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>("/tmp/x")
@@ -103,7 +124,7 @@ private:
 template <typename T, typename... Arguments>
 KORVANE_ERROR<T> make_korvane_error(Arguments const&... arguments) {
   boost::format formatted(T::format_text());
-  static_cast<void>((formatted % ... % arguments));
+  static_cast<void>((formatted % ... % korvane_detail::fed_argument<Arguments>{arguments}));
   return KORVANE_ERROR<T>(std::make_unique<T>(formatted));
 }
 

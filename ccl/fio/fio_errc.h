@@ -11,7 +11,9 @@
 /// and as many tabs as the depth.
 ///
 /// @par Thread safety
-/// An error belongs to whoever holds its pointer and does not change once made.
+/// An error belongs to whoever holds its pointer and does not change once made. Any thread may make one. A thread
+/// checker may complain of two that make their first at once: the C++ library fills a cache of characters there
+/// without a lock, each time with the same values.
 
 #ifndef CCL_FIO_FIO_ERRC_H
 #define CCL_FIO_FIO_ERRC_H

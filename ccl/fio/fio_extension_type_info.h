@@ -46,8 +46,9 @@ public:
 ///
 /// @param plural whether an "s" stands behind the name
 /// @return the text; empty for an unknown type and for one of no file type
-/// @par Failure, thread safety
-/// As in `fio_file_ext_type_info.h`.
+/// @throws std::bad_alloc when the text cannot be stored
+/// @par Thread safety
+/// Any thread.
 /// @par Complexity
 /// Three walks over the vocabulary at most.
 FIO_EXPORT std::string fio_get_extension_type_filter(FIO_EXTENSION_TYPE extension_type, bool plural);

@@ -193,6 +193,30 @@ std::uint64_t fio_get_tmp_id() {
 
 constexpr char temporary_files[] = ".korvane.*.tmp";
 
+// The path of a directory, to which names of entries are added. It has its content again when the walk ends, however
+// it ends: there is always room for that.
+class path_of_a_directory {
+public:
+  explicit path_of_a_directory(std::string& path)
+      : m_path(path), m_length(std::strlen(path.c_str())), m_unseen(path, m_length) {
+    // The system sees the text up to its first NUL.
+    leave_entry();
+  }
+  ~path_of_a_directory() {
+    leave_entry();
+    m_path += m_unseen;
+  }
+  path_of_a_directory(path_of_a_directory const&) = delete;
+  path_of_a_directory& operator=(path_of_a_directory const&) = delete;
+
+  void leave_entry() const { m_path.resize(m_length); }
+
+private:
+  std::string& m_path;
+  std::size_t m_length;
+  std::string m_unseen;
+};
+
 // The words of an error that cannot be handed on.
 std::string text_of(KORVANE_ERROR_MESSAGE const& message) {
   std::string text;
@@ -627,10 +651,7 @@ bool FIO_FILE_SYSTEM::do_remove_recursively(std::string& path, char const* patte
     return (pattern == nullptr || same_file(name, pattern)) && is_older(path.c_str(), limit);
   };
   bool removed = true;
-  // The system sees the text up to its first NUL; what stands behind that is put back at the end.
-  std::size_t const length = std::strlen(path.c_str());
-  std::string const unseen = path.substr(length);
-  path.resize(length);
+  path_of_a_directory const directory(path);
   search entries(path + "/*");
   for (bool found = entries.found(); found; found = entries.next()) {
     if (entries.is_dot_entry()) {
@@ -643,14 +664,13 @@ bool FIO_FILE_SYSTEM::do_remove_recursively(std::string& path, char const* patte
     } else if (is_to_go(entries.entry.name)) {
       removed = native_remove(path.c_str()) && removed;
     }
-    path.resize(length);
+    directory.leave_entry();
   }
   entries.close();
   // The directory itself goes by the name of the last entry that was read.
   if (is_to_go(entries.entry.name)) {
     removed = native_remove(path.c_str()) && removed;
   }
-  path += unseen;
   return removed;
 }
 

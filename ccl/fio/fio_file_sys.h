@@ -329,8 +329,8 @@ public:
   /// does not.
   ///
   /// @return false if anything that was tried could not be removed, or if the current directory could not be read
-  ///         before and entered again behind the work; and, with nothing done, for null, a missing path, 1024 characters
-  ///         or more, and exactly "." or ".."
+  ///         before and entered again behind the work; and, with nothing done, for null, a missing path, 1024
+  ///         characters or more, and exactly "." or ".."
   FIO_EXPORT static bool remove_recursively(char const* path, char const* pattern, long const* limit);
 
   /// Does the work of `remove_recursively`, without its checks. `path` has its content again afterwards.

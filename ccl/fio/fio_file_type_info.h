@@ -1,5 +1,6 @@
 /// @file
-/// `FIO_FILE_TYPE_INFO`: the queries on file types as one class, with texts as strings; and the dialog filter of a type.
+/// `FIO_FILE_TYPE_INFO`: the queries on file types as one class, with texts as strings; and the dialog filter of a
+/// type.
 ///
 /// Each member answers exactly what the function that it names answers, which is told in `fio_file_ext_type_info.h`
 /// together with failures and thread safety. A member that answers a string may throw `std::bad_alloc`.
@@ -55,8 +56,9 @@ public:
 ///
 /// @param plural whether an "s" stands behind the name
 /// @return the text; empty for an unknown type
-/// @par Failure, thread safety
-/// As in `fio_file_ext_type_info.h`.
+/// @throws std::bad_alloc when the text or the list of the extensions cannot be stored
+/// @par Thread safety
+/// Any thread.
 /// @par Complexity
 /// A walk over the vocabulary, and one more for each extension of the type.
 FIO_EXPORT std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural);

@@ -1,7 +1,5 @@
 #include "ccl/fio/fio_iterator.h"
 
-#include <algorithm>
-
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
@@ -15,11 +13,8 @@ constexpr unsigned char directory_bit = 4;
 
 } // namespace
 
-FIO_PATH FIO_DIRECTORY_ENTRY::derive_path() const {
-  std::string text = path;
-  std::replace(text.begin(), text.end(), '\\', '/');
-  return FIO_PATH(text);
-}
+// A path takes both kinds of separator for one when it divides a text.
+FIO_PATH FIO_DIRECTORY_ENTRY::derive_path() const { return FIO_PATH(path); }
 
 FIO_DIRECTORY_ITERATOR_IMPL::FIO_DIRECTORY_ITERATOR_IMPL(char const* directory_text) : directory(directory_text) {}
 
@@ -95,4 +90,9 @@ void FIO_RECURSIVE_DIRECTORY_ITERATOR::increment() {
   FIO_DIRECTORY_ITERATOR::increment();
 }
 
-void FIO_RECURSIVE_DIRECTORY_ITERATOR::update_entry_from_subdir_iter() { m_impl->entry = m_subdir_iter->m_impl->entry; }
+void FIO_RECURSIVE_DIRECTORY_ITERATOR::update_entry_from_subdir_iter() {
+  FIO_DIRECTORY_ENTRY const& below = m_subdir_iter->m_impl->entry;
+  // First what may fail: an entry is one or the other.
+  m_impl->entry.path = below.path;
+  m_impl->entry.is_directory = below.is_directory;
+}

@@ -91,7 +91,7 @@ int fio_path_comparison_operation(FIO_PATH& left, FIO_PATH& right) {
   right.become_simplified();
   left.become_absolute({});
   right.become_absolute({});
-  // Where both texts are too long, it is the right one that is complained of first.
+  // A text that is too long is complained of as it is read, the right one first.
   char const* const right_text = right;
   return FIO_PATH::os_specific_comparison(left, right_text);
 }
@@ -349,6 +349,12 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
     m_extension.clear();
   } else {
     divided_path const parts = divide_path(text.c_str());
+    // Memory runs out before anything is changed, but for the text.
+    m_base.reserve(parts.base.size());
+    m_extension.reserve(parts.extension.size());
+    if (!parts.directory.empty()) {
+      m_directory.reserve(m_directory.size() + parts.directory.size() + 2);
+    }
     m_legal_length = parts.legal;
     if (!parts.directory.empty()) {
       close_with(m_directory, m_path_separator);
@@ -553,13 +559,13 @@ std::string FIO_PATH::get_relative_to(std::string const& directory) const {
   }
   std::string_view rest = self.m_directory;
   rest.remove_prefix(1);
-  bool is_above = false;
+  bool has_level_to_leave = false;
   do {
     rest.remove_prefix(own.level().size() + 1);
-    is_above = theirs.next();
-  } while (own.next() && is_above && own.level() == theirs.level());
+    has_level_to_leave = theirs.next();
+  } while (own.next() && has_level_to_leave && own.level() == theirs.level());
   std::string result;
-  for (; is_above; is_above = theirs.next()) {
+  for (; has_level_to_leave; has_level_to_leave = theirs.next()) {
     result += "..";
     result += m_path_separator;
   }

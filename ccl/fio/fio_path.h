@@ -29,9 +29,9 @@
 ///
 /// @par Failure
 /// No operation but `canonical` fails. Only `std::bad_alloc` can leave one that makes or stores a text or writes the
-/// message about the length. If it leaves a setter that could store its component but not the text, the component keeps
-/// its new value and the text follows with the next edit; `filename` may have stored the directory alone. Dividing and
-/// simplifying change nothing before they have the memory for the components.
+/// message about the length. If it leaves a setter that could store its components but not the text, the components
+/// keep their new values and the text follows with the next edit. Dividing, simplifying and setting a file name change
+/// nothing before they have the memory for the components.
 ///
 /// @par Thread safety
 /// A path is like a string: several threads may read one object, or use different objects freely, but one that changes
@@ -343,10 +343,13 @@ public:
   ///
   /// @return the text, of any length and with any byte in it, or nothing on any failure (the cause is lost); a current
   ///         directory that is gone is one, for an absolute `path` too
+  /// @warning Boost.Filesystem compares components in functions that may not throw and that allocate: it ends the
+  ///          program if memory runs out there, with a component of more than 15 characters.
   FIO_EXPORT static boost::optional<std::string> canonical(std::string const& path);
 
   /// The text of this path as seen from a directory, if both are absolute and share their first level. In every other
-  /// case the text of this path as it is, so that the answer is always a path.
+  /// case the text of this path as it is, so that the answer is always a path. Both texts are read anew, under `/`: a
+  /// path with a drive that was set, or with a separator that is neither `/` nor `\`, is not absolute in that reading.
   ///
   ///     "/a/b/f.t", "/a/b"   => "f.t"
   ///     "/a/b/f.t", "/a/c"   => "../b/f.t"
@@ -355,10 +358,10 @@ public:
   ///     "/a/f.t", "/"        => "/a/f.t": the root has no levels to share, nor has a file in it
   ///     "/a/../b/f", "/a"    => "../b/f": ".." is a level like any other
   ///
-  /// All of `directory` counts as a directory, whether a separator ends it or not (but a NUL ends it, and the name in
-  /// front of that is none then), and an empty one is relative. Names are compared byte by byte. A text of more than
-  /// 1023 characters counts as relative; that of a directory is measured as it is used, with runs of separators made
-  /// one and one at its end. With another separator of this path the steps up have that one, and the rest has `/`:
+  /// All of `directory` counts as a directory, whether a separator ends it or not, unless it holds a NUL: what stands
+  /// between the last separator and that is a file name. An empty one is relative. Names are compared byte by byte. A
+  /// text of more than 1023 characters counts as relative; that of a directory is measured as it is used, with runs of
+  /// separators made one and one at its end. With the separator `\` the steps up have that one, and the rest has `/`:
   ///
   ///     "/a/b/f" with `path_separator('\')`, "/a/c"   => "..\b/f"
   ///
@@ -389,9 +392,14 @@ public:
   /// Checks the length of the left operand, and that of a right one that is a path each time its text is read. A left
   /// operand that is too long, or a right text that is, counts as empty.
   ///
-  /// A literal fits both forms: compare with a `std::string` or a path. For a sorted container, whose order is `<`, the
-  /// keys must have the separator `/` and the current directory must not change: one that reads "\a\b" is less than
-  /// itself.
+  /// The keys of a sorted container, whose order is `<`, must be paths as a text gives them, of legal length and
+  /// divided with the separator `/`. A drive that was set, a component that would divide otherwise, or a directory
+  /// that kept another separator can make a path less than itself. Neither the current directory nor the choice of
+  /// simplification may change meanwhile.
+  ///
+  /// @warning There is no `>`, `<=` or `>=`, and a literal fits both forms of each operator. As a path converts to its
+  /// text, `a > b` and `"x" == a` compile all the same, and compare addresses. Compare with a path or a `std::string`
+  /// on the right.
   /// @{
 
   FIO_EXPORT bool operator==(FIO_PATH const& other) const;

@@ -14,8 +14,10 @@ using table_row = std::vector<std::string>;
 
 inline std::string joined(std::vector<std::string> const& texts, char const* separator = ", ") {
   std::string result;
+  char const* gap = "";
   for (std::string const& text : texts) {
-    result += (result.empty() ? "" : separator) + text;
+    result += gap + text;
+    gap = separator;
   }
   return result;
 }

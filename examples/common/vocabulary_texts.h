@@ -5,6 +5,7 @@
 #define CCL_EXAMPLES_COMMON_VOCABULARY_TEXTS_H
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -20,14 +21,12 @@ inline std::string editor_of(FIO_FILE_TYPE type) {
 /// The traits of a type, each text once: two traits may have the same words.
 inline std::vector<std::string> traits_of(FIO_FILE_TYPE type) {
   std::vector<std::string> texts;
-  for (unsigned bit = 2; bit != 0x80000000u; bit <<= 1) {
+  for (unsigned bit = 1; bit != 0; bit <<= 1) {
     auto const trait = static_cast<FIO_FILE_TYPE_FLAG>(bit);
-    if (!fio_test_trait_of(type, trait)) {
-      continue;
-    }
-    std::string const text = fio_get_file_type_trait_string(trait);
-    if (std::find(texts.begin(), texts.end(), text) == texts.end()) {
-      texts.push_back(text);
+    char const* const text = fio_get_file_type_trait_string(trait);
+    if (text != nullptr && fio_test_trait_of(type, trait) &&
+        std::find(texts.begin(), texts.end(), text) == texts.end()) {
+      texts.emplace_back(text);
     }
   }
   return texts;

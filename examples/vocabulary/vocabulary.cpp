@@ -4,12 +4,13 @@
 //
 // Each of the four picks file types, by value or by text, and only what belongs to these is written then. All that is
 // written comes from the library's public queries. The exit status is 0, 1 if nothing was picked, and 2 for arguments
-// that make no sense.
+// that make no sense or an answer that cannot be written.
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <iterator>
 #include <list>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -24,7 +25,7 @@
 
 namespace {
 
-enum exit_status { written = 0, nothing_picked = 1, bad_arguments = 2 };
+enum exit_status { written = 0, nothing_picked = 1, failed = 2 };
 
 using json = nlohmann::ordered_json;
 
@@ -121,9 +122,9 @@ std::vector<Value> meant_by(std::string const& given, std::vector<Value> const& 
 }
 
 std::vector<FIO_FILE_TYPE> of_editor_and_trait(arguments const& given) {
-  FIO_EDITOR_TYPE editor = FIO_EDITOR_TYPE_ALL_FILES;
+  std::vector<FIO_EDITOR_TYPE> wanted = {FIO_EDITOR_TYPE_ALL_FILES};
   if (given.editor) {
-    editor = meant_by(*given.editor, editors(), fio_get_editor_type_string, "editor").front();
+    wanted = meant_by(*given.editor, editors(), fio_get_editor_type_string, "editor");
   }
   long mask = -1;
   if (given.trait) {
@@ -132,7 +133,13 @@ std::vector<FIO_FILE_TYPE> of_editor_and_trait(arguments const& given) {
       mask |= trait;
     }
   }
-  return file_types(editor, mask);
+  std::vector<FIO_FILE_TYPE> types;
+  for (FIO_EDITOR_TYPE const editor : wanted) {
+    std::vector<FIO_FILE_TYPE> const of_editor = file_types(editor, mask);
+    types.insert(types.end(), of_editor.begin(), of_editor.end());
+  }
+  std::sort(types.begin(), types.end());
+  return types;
 }
 
 template <typename Condition>
@@ -143,7 +150,7 @@ void keep_if(std::vector<FIO_FILE_TYPE>& types, Condition condition) {
 
 std::string dotted(std::string const& text) {
   bool const is_number = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-  return is_number || (!text.empty() && text.front() == '.') ? text : '.' + text;
+  return is_number || text.empty() || text.front() == '.' ? text : '.' + text;
 }
 
 /// What is to be written: file types, and of their extensions all or those that were asked for.
@@ -336,7 +343,7 @@ void write_json(std::vector<section> const& sections) {
 
 std::string markdown_line(table_row const& cells) { return "| " + joined(cells, " | ") + " |\n"; }
 
-// A sequence of stars and a bar mean something in Markdown.
+// Stars, underscores and bars mean something in Markdown.
 std::string escaped(std::string const& text) {
   std::string result;
   for (char const character : text) {
@@ -370,9 +377,13 @@ int run(arguments const& given) {
   selection const picked = pick(given);
   bool const whole = !given.type && !given.extension && !given.editor && !given.trait;
   std::vector<section> const sections = sections_of(picked, whole);
-  given.format == "json"       ? write_json(sections)
-  : given.format == "markdown" ? write_markdown(sections)
-                               : write_text(sections);
+  if (given.format == "json") {
+    write_json(sections);
+  } else if (given.format == "markdown") {
+    write_markdown(sections);
+  } else {
+    write_text(sections);
+  }
   if (!std::cout.flush()) {
     throw std::runtime_error("the vocabulary cannot be written");
   }
@@ -386,7 +397,8 @@ int main(int count, char** values) try {
   CLI::App app("Writes the vocabulary of files.", "vocabulary");
   app.add_option("--format", given.format, "how to write it")->check(CLI::IsMember({"text", "json", "markdown"}));
   app.add_option("--type", given.type, "only this file type, by value or name");
-  app.add_option("--extension", given.extension, "only file types with this extension, by value or text");
+  app.add_option("--extension", given.extension,
+                 "only file types with this extension, by value or text (\"vhd\" or \".vhd\", as it is spelled)");
   app.add_option("--editor", given.editor, "only file types of this editor, by value or text");
   app.add_option("--trait", given.trait, "only file types with this trait, by value or text");
   try {
@@ -397,5 +409,5 @@ int main(int count, char** values) try {
   return run(given);
 } catch (std::exception const& error) {
   std::cerr << "vocabulary: " << error.what() << '\n';
-  return bad_arguments;
+  return failed;
 }
