@@ -51,12 +51,14 @@ need_packages() {
   rm -f "$log"
 }
 
-# Configures and builds a preset. Prints only what went wrong.
+# Configures and builds a preset: all of it, or what further arguments for the build say. Prints only what went wrong.
 build() {
+  preset=$1
+  shift
   mkdir -p build
-  if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"build/$1.log" 2>&1; then
-    tail -n 60 "build/$1.log" >&2
-    say "The build of '$1' failed; all of it is in build/$1.log"
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
+    tail -n 60 "build/$preset.log" >&2
+    say "The build of '$preset' failed; all of it is in build/$preset.log"
     return 1
   fi
 }
