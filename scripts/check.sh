@@ -79,7 +79,7 @@ run_tests() {
   count_report "$report"
   [ "$failed" != "$before" ] || return 0
   # The failures are told again at the end of the log; before it stands what the tests themselves said.
-  grep -v ' Passed ' "build/$1.log" | tail -n 200 >&2
+  grep -v ' Passed \|^ *Start ' "build/$1.log" | tail -n 200 >&2
   say "The tests of '$1' failed; all they said is in build/$1.log"
 }
 

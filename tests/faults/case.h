@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/scratch.h"
+#include "tests/support/scratch_tree.h"
 
 namespace faults {
 

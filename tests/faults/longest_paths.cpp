@@ -21,6 +21,7 @@
 #include "tests/faults/cases.h"
 #include "tests/faults/trees.h"
 #include "tests/support/paths.h"
+#include "tests/support/text.h"
 
 using namespace faults;
 namespace fs = std::filesystem;

@@ -17,7 +17,7 @@
 #include "tests/faults/namespaces.h"
 #include "tests/faults/trees.h"
 #include "tests/support/platform_double.h"
-#include "tests/support/scratch.h"
+#include "tests/support/scratch_tree.h"
 
 namespace {
 

@@ -23,7 +23,7 @@
 #include "tests/stress/meeting.h"
 #include "tests/stress/surroundings.h"
 #include "tests/support/platform_double.h"
-#include "tests/support/scratch.h"
+#include "tests/support/scratch_tree.h"
 
 namespace {
 

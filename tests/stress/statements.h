@@ -12,7 +12,7 @@
 
 #include "ccl/fio/fio_errc.h"
 #include "ccl/fio/fio_path.h"
-#include "tests/support/scratch.h"
+#include "tests/support/scratch_tree.h"
 
 namespace stress {
 

@@ -12,6 +12,7 @@
 #include "tests/stress/meeting.h"
 #include "tests/stress/statements.h"
 #include "tests/stress/surroundings.h"
+#include "tests/support/text.h"
 
 namespace {
 

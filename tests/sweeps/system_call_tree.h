@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "tests/support/scratch.h"
+#include "tests/support/scratch_tree.h"
 
 namespace system_call {
 
