@@ -1,59 +1,61 @@
 #!/bin/sh
-# Runs every campaign whole, one after the other, and prints the figure of each. With --update they go into the table of
-# docs/testing.md. Mutation takes longer than all others together: scripts/mutate.sh runs it, and its last report gives
-# the figure here. Installs what is missing, on Debian, as root or through sudo.
+# Runs the campaigns whole, all of them or those named, one after the other, and prints the figure of each. With --update
+# the last figure of each goes into the table of docs/testing.md. Mutation takes longer than all others together:
+# scripts/mutate.sh runs it, and its last report gives the figure here. Installs what is missing, on Debian, as root or
+# through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 
+all="exhaustive_texts random_sequences allocation_sweep system_call_sweep real_faults stress_threads stress_processes \
+fuzzing mutation coverage"
 update=
-case $#,${1-} in
-0,) ;;
-1,--update) update=yes ;;
-*)
-  echo "usage: campaigns.sh [--update]" >&2
-  exit 2
-  ;;
-esac
+wanted=
+for argument in "$@"; do
+  case $argument,$all in
+  --update,*) update=yes ;;
+  *,*"$argument"*) wanted="$wanted $argument" ;;
+  *)
+    echo "usage: campaigns.sh [--update] [NAME...], of: $all" >&2
+    exit 2
+    ;;
+  esac
+done
 
 need_packages $packages_to_build $packages_to_check $packages_to_check_all $packages_to_measure
 say "release: building"
 build release
 
 figures=$repository/build/figures
-rm -rf "$figures"
 mkdir -p "$figures"
 failed=0
 
-# Runs a campaign by name and command. Its last line is its figure.
-campaign() {
-  name=$1
-  shift
-  say "$name"
-  if ! "$@" >"$figures/$name.log"; then
-    failed=$((failed + 1))
-    tail -n 40 "$figures/$name.log" >&2
-  fi
-  tail -n 1 "$figures/$name.log" | tee -a "$figures/table"
+# Runs a campaign. What it prints last is its figure.
+run_campaign() {
+  case $1 in
+  fuzzing) scripts/fuzz.sh 60 ;;
+  mutation) sed -n 's/^mutation: /&/p' tests/mutation/report.md ;;
+  coverage) scripts/coverage.sh ;;
+  *) "$(find build/release/tests -type f -name "$1")" --full ;;
+  esac
 }
 
-tests=build/release/tests
-campaign exhaustive_texts "$tests/model/exhaustive_texts" --full
-campaign random_sequences "$tests/model/random_sequences" --full
-campaign allocation_sweep "$tests/sweeps/allocation_sweep" --full
-campaign system_call_sweep "$tests/sweeps/system_call_sweep" --full
-campaign real_faults "$tests/faults/real_faults" --full
-campaign threads "$tests/stress/stress_threads" --full
-campaign processes "$tests/stress/stress_processes" --full
-campaign fuzzing scripts/fuzz.sh 60
-campaign mutation tail -n 1 tests/mutation/report.md
-campaign coverage scripts/coverage.sh
+for campaign in ${wanted:-$all}; do
+  say "$campaign"
+  if ! run_campaign "$campaign" >"$figures/$campaign.log"; then
+    failed=$((failed + 1))
+    tail -n 40 "$figures/$campaign.log" >&2
+  fi
+  tail -n 1 "$figures/$campaign.log" | tee "$figures/$campaign"
+done
 
 # Puts the figures in the place of those between the two marks.
 update_table() {
   {
     sed '/^<!-- figures -->$/q' docs/testing.md
     printf '\n| campaign | figure |\n|---|---|\n'
-    sed 's/^\([^:]*\): \(.*\)$/| \1 | \2 |/' "$figures/table"
+    for campaign in $all; do
+      [ ! -f "$figures/$campaign" ] || sed 's/^\([^:]*\): \(.*\)$/| \1 | \2 |/' "$figures/$campaign"
+    done
     printf '\n'
     sed -n '/^<!-- end of figures -->$/,$p' docs/testing.md
   } >"$figures/testing.md"

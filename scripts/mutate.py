@@ -14,7 +14,7 @@ import sys
 import threading
 
 from mutate_build import CAMPAIGNS, REPOSITORY, Failure, Original, Worker
-from mutate_report import counts, read_reasons, write_report
+from mutate_report import counts, read_reasons, summary, write_report
 from mutate_rules import mutants_of
 
 WORK = REPOSITORY / "build/mutation"
@@ -156,7 +156,8 @@ def main(arguments):
     WORK.mkdir(parents=True, exist_ok=True)
     results = Results(WORK / "results.json")
     reasons = read_reasons(TEXTS / "equivalent.txt")
-    original = Original(options.build, WORK / "original", log)
+    # A list may be asked for while mutants are judged.
+    original = Original(options.build, WORK / ("listed" if options.list else "original"), log)
     mutants = chosen(all_mutants(original), options)
     if options.list:
         print("\n".join(mutant.name for mutant in mutants))
@@ -171,10 +172,8 @@ def main(arguments):
         judge_all(open_ones, original, sanitized, results, reasons, options.jobs)
     if options.report:
         write_report(TEXTS / "report.md", mutants, results.all, reasons)
-    killed, unseen, survive = counts(mutants, results.all, reasons)
-    share = 100 * killed / max(killed + survive, 1)
-    print(f"mutation: {killed + unseen + survive} mutants, {killed} killed, {unseen} cannot be seen, "
-          f"{survive} survive: {share:.1f} % killed")
+    print(summary(mutants, results.all, reasons))
+    killed, _, survive = counts(mutants, results.all, reasons)
     return 0 if survive == 0 and killed != 0 else 1
 
 

@@ -64,6 +64,13 @@ def counts(mutants, results, reasons):
     return total["killed"], total["unseen"], total["survives"]
 
 
+def summary(mutants, results, reasons):
+    killed, unseen, survive = counts(mutants, results, reasons)
+    share = 100 * killed / max(killed + survive, 1)
+    return (f"mutation: {killed + unseen + survive} mutants, {killed} killed, {unseen} cannot be seen, "
+            f"{survive} survive: {share:.1f} % killed")
+
+
 def table(title, groups):
     lines = [f"| {title} | mutants | killed | cannot be seen | survive | killed of what can be seen | same program |",
              "| --- | ---: | ---: | ---: | ---: | ---: | ---: |"]
@@ -102,7 +109,7 @@ def survivors(mutants, results, reasons):
 def write_report(path, mutants, results, reasons):
     by_file = figures(mutants, results, reasons, lambda mutant: mutant.file)
     by_kind = figures(mutants, results, reasons, lambda mutant: KINDS[mutant.kind])
-    parts = [HEAD, table("file", by_file), "", table("change", by_kind), "", killers(mutants, results), "",
+    parts = [HEAD, summary(mutants, results, reasons), "", table("file", by_file), "", table("change", by_kind), "", killers(mutants, results), "",
              survivors(mutants, results, reasons)]
     path.parent.mkdir(parents=True, exist_ok=True)
     path.write_text("\n".join(parts) + "\n", encoding="utf-8")

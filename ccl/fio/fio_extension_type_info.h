@@ -44,6 +44,7 @@ public:
 ///     FIO_EXTENSION_TYPE_V, false          => "Verilog HDL File (*.v)", of three types
 ///     FIO_EXTENSION_TYPE_INVALID, false    => ""
 ///
+/// @param extension_type any value
 /// @param plural whether an "s" stands behind the name
 /// @return the text; empty for an unknown type and for one of no file type
 /// @throws std::bad_alloc when the text cannot be stored

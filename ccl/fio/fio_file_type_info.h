@@ -54,6 +54,7 @@ public:
 ///
 /// The name is the type's own one, where `fio_get_file_description` may say "Other".
 ///
+/// @param file_type any value
 /// @param plural whether an "s" stands behind the name
 /// @return the text; empty for an unknown type
 /// @throws std::bad_alloc when the text or the list of the extensions cannot be stored

@@ -245,7 +245,7 @@ int rounds_of(int argc, char** argv) {
   if (argc == 1) {
     return 60;
   }
-  return size == "--full" ? 3000 : size == "--small" ? 15 : 0;
+  return size == "--full" ? 1000 : size == "--small" ? 15 : 0;
 }
 
 } // namespace
