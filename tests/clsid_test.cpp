@@ -207,6 +207,12 @@ TEST_F(class_identifiers, some_constants_have_known_values) {
   }
 }
 
+TEST_F(class_identifiers, a_constant_keeps_its_value) {
+  for (auto const& each : vocabulary::classes) {
+    EXPECT_EQ(fio_clsid_to_str(*each.clsid, FIO_CLSID_FORMAT_TEXT), each.value) << each.name;
+  }
+}
+
 TEST_F(class_identifiers, a_series_of_constants_counts_up_in_its_first_field) {
   _GUID expected = VFC_CLSID_TED_TCL_DOC;
   for (_GUID const* const clsid :

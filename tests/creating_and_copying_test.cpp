@@ -431,6 +431,12 @@ TEST_F(creating_and_copying, create_refuses_1024_characters_without_a_call) {
   EXPECT_EQ(messages(), nothing);
 }
 
+TEST_F(creating_and_copying, create_counts_the_characters_behind_a_nul) {
+  std::string const path = m_tree.path("new") + std::string(1, '\0') + repeated(1024);
+  EXPECT_FALSE(F::create(path));
+  EXPECT_FALSE(fs::exists(m_tree.path("new")));
+}
+
 TEST_F(creating_and_copying, create_makes_nothing_for_1023_characters_without_a_separator_at_their_end) {
   struct {
     char const* name;

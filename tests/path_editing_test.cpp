@@ -965,20 +965,41 @@ TEST_F(path_editing, a_file_name_is_set_whole_or_not_at_all_when_memory_runs_out
   std::string const directory = repeated(40, 'd');
   std::string const base = repeated(50, 'b');
   std::string const extension = "." + repeated(60, 'e');
+  FIO_PATH from(repeated(2000)); // a refused text, so that its end shows too
+  from.directory("a").base("b");
+  ASSERT_FALSE(from.is_legal_length());
   for (std::string const& text : {base + extension, directory + '/' + base + extension}) {
     int old = 0;
-    for (long first_to_fail = 1;; ++first_to_fail) {
-      FIO_PATH path("a/b.");
-      bool const ended =
-          ends_in_spite_of_failure(first_to_fail, path, [&text](FIO_PATH& edited) { edited.filename(text); });
-      bool const is_old = stored_text(path) == "a/b.";
+    bool ended = false;
+    for (long first_to_fail = 1; !ended; ++first_to_fail) {
+      FIO_PATH path(from);
+      ended = ends_in_spite_of_failure(first_to_fail, path, [&text](FIO_PATH& edited) { edited.filename(text); });
+      bool const is_old = stored_text(path) == "a/b";
       EXPECT_TRUE(is_old || stored_text(path) == "a/" + text) << first_to_fail << ": " << stored_text(path);
+      EXPECT_EQ(path.is_legal_length(), !is_old) << first_to_fail;
+      EXPECT_EQ(path.fullpath(), ended ? "a/" + text : "a/b");
       old += is_old ? 1 : 0;
-      if (ended) {
-        EXPECT_FALSE(is_old);
-        break;
-      }
     }
     EXPECT_GT(old, 1) << text;
+  }
+}
+
+TEST_F(path_editing, an_assigned_text_is_divided_whole_or_not_at_all_when_memory_runs_out) {
+  std::string const directory = repeated(40, 'd') + '\\'; // is closed once more under a third separator
+  for (char const separator : {'/', '\\', '|'}) {
+    for (std::string const& text : {directory, directory + repeated(50, 'b') + '.' + repeated(60, 'e')}) {
+      SCOPED_TRACE(std::string(1, separator) + ' ' + text);
+      FIO_PATH from("a/b.");
+      from.path_separator(separator);
+      FIO_PATH to = FIO_PATH(from);
+      to = text;
+      bool ended = false;
+      for (long first_to_fail = 1; !ended; ++first_to_fail) {
+        FIO_PATH path = FIO_PATH(from);
+        ended = ends_in_spite_of_failure(first_to_fail, path, [&text](FIO_PATH& edited) { edited = text; });
+        EXPECT_TRUE(stored_text(path) == stored_text(from) || stored_text(path) == to.fullpath()) << first_to_fail;
+        EXPECT_EQ(path.fullpath(), ended ? to.fullpath() : from.fullpath());
+      }
+    }
   }
 }

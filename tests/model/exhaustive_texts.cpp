@@ -268,6 +268,11 @@ void examination::examine_text(std::string const& text) {
   }
   step const other_separator = made({operation::path_separator, "", "", '\\'}, "");
   expect_same({construction, other_separator, made(operation::get_relative_to, "/a/b")}, looks::never);
+  // Stored under a third separator, a text with `\` is absolute all the same when it is read again.
+  step const third_separator = made({operation::path_separator, "", "", '|'}, "");
+  expect_same({construction, third_separator, made(operation::assign, text), made(operation::get_relative_to, "/a/b"),
+               made(operation::get_relative_to, "\\a\\b")},
+              looks::never);
   examine_relations(text);
 }
 

@@ -71,6 +71,14 @@ bool part_is_done(std::string const& state, std::string const& before, std::stri
   return std::all_of(now.begin(), now.end(), may_be) && std::all_of(old.begin(), old.end(), is_kept);
 }
 
+// The same for a name with a wildcard: if nothing can be found by it, it is made as it stands. `drawn` is what follows
+// the name of what is made, as it is drawn.
+state_rule name_with_wildcard_is_made(std::string const& drawn) {
+  return [drawn](std::string const& state, std::string const& before, std::string const& clean) {
+    return part_is_done(state, before, clean + pattern + drawn + '\n');
+  };
+}
+
 // A stream, closed with its owner.
 struct stream_closer {
   void operator()(std::FILE* stream) const { std::fclose(stream); }
@@ -106,13 +114,19 @@ struct open_search {
 
 std::string text_of(open_search const& subject) { return text_of(subject.walk); }
 
-// A removal, and the text that it is given, which it changes on its way.
+// A removal, and the text that it is given, which it changes on its way; also what the system does not see of it.
 struct removal {
   drawn_tree tree = draw();
-  std::string path = folder;
+  std::string path = folder + '\0' + "a_rest_that_the_system_does_not_see";
 };
 
 std::string text_of(removal const& subject) { return text_of(subject.tree) + "path " + subject.path; }
+
+// A part of the removal, with the text as it was.
+bool part_is_removed(std::string const& state, std::string const& before, std::string const& clean) {
+  auto const path_in = [](std::string const& text) { return text.substr(text.rfind("path ")); };
+  return path_in(state) == path_in(before) && part_is_done(state, before, clean);
+}
 
 void add_primitives(operation_table& table) {
   table
@@ -272,9 +286,7 @@ void add_creating_and_copying(operation_table& table) {
       [](drawn_tree const&) { return FIO_FILE_SYSTEM::create(folder_in_file); });
   // A level that cannot be looked for is made, under the name with the wildcard.
   add("FIO_FILE_SYSTEM::create(std::string const&)", [](drawn_tree const&) { return FIO_FILE_SYSTEM::create(pattern); })
-      .may_leave([](std::string const& state, std::string const& before, std::string const& clean) {
-        return part_is_done(state, before, clean + pattern + "/\n") || part_is_done(state, before, clean);
-      })
+      .may_leave(name_with_wildcard_is_made("/"))
       .answers_without_memory_below({"0", "1"})
       .goes_on_after_failure()
       .leaves_streams(2);
@@ -284,6 +296,12 @@ void add_creating_and_copying(operation_table& table) {
   add("FIO_FILE_SYSTEM::copy(std::string const&, std::string const&, bool, bool)", [](drawn_tree const&) {
     return FIO_FILE_SYSTEM::copy(file, target_file, true, true);
   }).answers_without_memory_below({"0"});
+  // The source is open while the target is looked for, which may throw.
+  add("FIO_FILE_SYSTEM::copy(std::string const&, std::string const&, bool, bool)",
+      [](drawn_tree const&) { return FIO_FILE_SYSTEM::copy(file, pattern, true, false); })
+      .may_leave(name_with_wildcard_is_made("=one"))
+      .answers_without_memory_below({"0", "1"})
+      .leaves_streams(2);
   add("FIO_FILE_SYSTEM::move(std::string const&, std::string const&, bool, bool)", [](drawn_tree const&) {
     return FIO_FILE_SYSTEM::move(file, target_file, false, false);
   }).answers_without_memory_below({"0"});
@@ -338,7 +356,7 @@ void add_bulk_removal(operation_table& table) {
       .add(
           {"FIO_FILE_SYSTEM::do_remove_recursively(std::string&, char const*, long const*)"}, [] { return removal(); },
           [](removal& subject) { return FIO_FILE_SYSTEM::do_remove_recursively(subject.path, nullptr, nullptr); })
-      .may_leave(part_is_done)
+      .may_leave(part_is_removed)
       .answers_without_memory_below({"0"})
       .leaves_streams(2);
   table

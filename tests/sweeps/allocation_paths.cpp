@@ -51,6 +51,21 @@ FIO_PATH path_over_the_limit() {
 
 nothing no_object() { return {}; }
 
+// A path of illegal length, which only a name that is set makes legal.
+FIO_PATH illegal_path() {
+  FIO_PATH original(too_long);
+  original.directory("a_first_directory_level");
+  return FIO_PATH(original);
+}
+
+// A path that simplification makes longer: what stands in front of the base's separator enters the directory and stays
+// in the base.
+FIO_PATH path_with_separator_in_base() {
+  FIO_PATH original(long_path);
+  original.base(placed_name);
+  return FIO_PATH(original);
+}
+
 // A path under the older rules of simplification, which the environment selects.
 struct path_and_old_rules {
   path_and_old_rules() { ::setenv("fio_old_simplify", "1", 1); }
@@ -158,12 +173,17 @@ void add_other_setters(operation_table& table) {
   add("FIO_PATH::filename(std::string const&)", [](FIO_PATH& path) { path.filename(placed_name); })
       .may_leave(name_is_stored)
       .goes_on_after_failure();
+  table
+      .add({"FIO_PATH::filename(std::string const&)"}, illegal_path, [](FIO_PATH& path) { path.filename(placed_name); })
+      .may_leave(name_is_stored)
+      .goes_on_after_failure();
 }
 
 void add_simplifications(operation_table& table) {
   auto const unsimplified = [] { return FIO_PATH(other_path); };
   table.add({"FIO_PATH::flatten()"}, unsimplified, [](FIO_PATH& path) { path.flatten(); });
   table.add({"FIO_PATH::become_simplified()"}, unsimplified, [](FIO_PATH& path) { path.become_simplified(); });
+  table.add({"FIO_PATH::flatten()"}, path_with_separator_in_base, [](FIO_PATH& path) { path.flatten(); });
   table.add({"FIO_PATH::flatten()"}, path_over_the_limit, [](FIO_PATH& path) { path.flatten(); })
       .may_leave(work_is_done);
   table.add({"FIO_PATH::become_simplified()"}, path_over_the_limit, [](FIO_PATH& path) { path.become_simplified(); })
