@@ -148,6 +148,7 @@ constexpr harmless_import harmless_imports[] = {
     {"abort", runtime},
     {"typeinfo for *", runtime},
     {"vtable for *", runtime},
+    {"virtual thunk to std::*", on_memory},
     {"operator new*", allocates},
     {"operator delete*", runtime},
     {"__cxa_*", runtime},
