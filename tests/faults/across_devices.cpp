@@ -37,9 +37,9 @@ void check_refused(std::string const& from, std::string const& to) {
 void mount_overlay(scratch_tree const& tree) {
   tree.draw({"lower/dir/f=lower", "lower/dir/sub/g=lower", "lower/file=lower", "layers/", "merged/"});
   mount_memory(tree.path("layers"), "mode=755");
-  tree.draw({"layers/upper/", "layers/work/"});
+  tree.draw({"layers/upper/", "layers/scratch/"});
   std::string const options = "lowerdir=" + tree.path("lower") + ",upperdir=" + tree.path("layers/upper") +
-                              ",workdir=" + tree.path("layers/work");
+                              ",workdir=" + tree.path("layers/scratch");
   try {
     mount_over(tree.path("merged"), "overlay", "overlay", options + ",redirect_dir=off");
   } catch (skipped const&) {
