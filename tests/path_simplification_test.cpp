@@ -988,7 +988,8 @@ void expect_all_or_nothing(FIO_PATH const& path, bool has_drive, std::string con
       EXPECT_EQ(copy.fullpath(), expected);
     }
   }
-  EXPECT_GT(first_to_fail, 2) << "memory never ran out";
+  // Without a drive the path becomes shorter in its place.
+  EXPECT_EQ(first_to_fail > 2, has_drive) << "allocations: " << first_to_fail - 2;
 }
 
 } // namespace

@@ -10,17 +10,21 @@
 
 #include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/fio_file_sys.h"
+#include "ccl/fio/internal/current_directory.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
+#include "ccl/fio/internal/stack_path.h"
 
 namespace {
 
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
 using fio_internal::c_text;
+using fio_internal::current_directory;
 using fio_internal::divide_path;
 using fio_internal::divided_path;
 using fio_internal::level_walk;
+using fio_internal::stack_path;
 
 void check_length(std::string const& path) {
   if (!FIO_PATH::is_path_length_within_operating_system_limits(path)) {
@@ -28,22 +32,10 @@ void check_length(std::string const& path) {
   }
 }
 
-// Puts `separator` in the place of its opposite, and leaves no two of them side by side.
 void normalise_separators(std::string& text, char separator) {
-  char const opposite = fio_internal::opposite_separator(separator);
-  auto const follows_separator = [&text, separator](std::size_t i) { return i != 0 && text[i - 1] == separator; };
-  // Most texts are in order: nothing is written before the first character that is not.
-  std::size_t end = 0;
-  while (end != text.size() && text[end] != opposite && (text[end] != separator || !follows_separator(end))) {
-    ++end;
+  if (!fio_internal::is_normal(text, separator)) {
+    text.resize(fio_internal::normalise(text.data(), text.size(), separator));
   }
-  for (std::size_t i = end; i != text.size(); ++i) {
-    char const character = text[i] == opposite ? separator : text[i];
-    if (character != separator || !follows_separator(end)) {
-      text[end++] = character;
-    }
-  }
-  text.resize(end);
 }
 
 void close_with(std::string& text, char separator) {
@@ -52,40 +44,66 @@ void close_with(std::string& text, char separator) {
   }
 }
 
-// The parts of an extension, each given as a type or as a text.
+bool is_dot(std::string_view text) { return text == std::string_view(".", 1); }
 
-bool is_absent(FIO_EXTENSION_TYPE part) { return part == FIO_EXTENSION_TYPE_ANY; }
+bool has_nul(std::string const& text) { return c_text(text).size() != text.size(); }
 
-bool is_absent(std::string const& part) { return part.empty(); }
-
-void append_part(std::string& extension, FIO_EXTENSION_TYPE part) { extension += fio_get_extension_string(part); }
-
-void append_part(std::string& extension, std::string const& part) {
-  if (part.front() != '.') {
-    extension += '.';
+void make_room(std::string& text, std::size_t size) {
+  if (text.capacity() < size) {
+    text.reserve(size);
   }
-  extension += part;
 }
 
-template <typename First, typename Second>
-std::string join_extension(First const& first, Second const& second) {
-  std::string extension;
-  if (!is_absent(first)) {
-    append_part(extension, first);
-    if (!is_absent(second)) {
-      append_part(extension, second);
+// The choice of the algorithm that simplifies. It is made anew each time.
+bool is_old_simplification_chosen() { return std::getenv("fio_old_simplify") != nullptr; }
+
+// A part of an extension, given as a type or as a text.
+struct extension_part {
+  explicit extension_part(FIO_EXTENSION_TYPE type)
+      : is_present(type != FIO_EXTENSION_TYPE_ANY), text(is_present ? fio_get_extension_string(type) : "") {}
+  explicit extension_part(std::string const& given)
+      : is_present(!given.empty()), needs_dot(is_present && given.front() != '.'), text(given) {}
+
+  void append_to(std::string& extension) const {
+    if (!is_present) {
+      return;
     }
+    if (needs_dot) {
+      extension += '.';
+    }
+    extension += text;
   }
-  return extension;
+
+  bool is_present;
+  bool needs_dot = false;
+  std::string_view text;
+};
+
+// The file name of the path that a text without NULs would give.
+std::string_view name_in(std::string_view text) {
+  return fio_internal::is_legal_length(text.size()) ? fio_internal::divide_text(text).name() : std::string_view();
 }
 
-// The file name of the path that a text would give, without making one: base and extension stand side by side in it.
-std::string_view name_in(std::string const& text) {
-  divided_path const parts = divide_path(text.c_str());
-  return {parts.base.data(), parts.base.size() + parts.extension.size()};
+// Anchors a path at the current directory, which is read for an absolute path as well.
+void become_absolute(stack_path& path) {
+  if (path.is_absolute()) {
+    current_directory::read();
+    return;
+  }
+  path.anchor(stack_path(current_directory().text()).text());
+  path.simplify(is_old_simplification_chosen());
 }
 
 // Compares the places that two paths name, and leaves the paths changed.
+
+int fio_path_comparison_operation(stack_path& left, stack_path& right) {
+  left.simplify(is_old_simplification_chosen());
+  right.simplify(is_old_simplification_chosen());
+  become_absolute(left);
+  become_absolute(right);
+  return left.text().compare(right.text());
+}
+
 int fio_path_comparison_operation(FIO_PATH& left, FIO_PATH& right) {
   left.become_simplified();
   right.become_simplified();
@@ -96,23 +114,26 @@ int fio_path_comparison_operation(FIO_PATH& left, FIO_PATH& right) {
   return FIO_PATH::os_specific_comparison(left, right_text);
 }
 
-// The left operand is made anew from its text, with the default separator; the right one is copied as it comes.
-template <typename Operand>
-int compare(std::string const& left, Operand const& right) {
-  FIO_PATH left_copy(left);
-  FIO_PATH right_copy(right);
-  return fio_path_comparison_operation(left_copy, right_copy);
-}
-
 } // namespace
 
 // Making and assigning
 
 FIO_PATH::FIO_PATH() = default;
 
-FIO_PATH::FIO_PATH(char const* path) { split_full_path(path); }
+FIO_PATH::FIO_PATH(char const* path) : FIO_PATH(divide_path(path)) {
+  m_legal_length = m_legal_length || path == nullptr || *path == '\0';
+}
 
-FIO_PATH::FIO_PATH(std::string const& path) { split_full_path(path.c_str()); }
+FIO_PATH::FIO_PATH(std::string const& path) : FIO_PATH(path.c_str()) {}
+
+FIO_PATH::FIO_PATH(divided_path const& parts)
+    : m_full_path(parts.text()), m_directory(parts.directory), m_base(parts.base), m_extension(parts.extension),
+      m_legal_length(parts.legal) {
+  if (!fio_internal::is_normal(m_directory, m_path_separator)) {
+    store_directory();
+    rebuild();
+  }
+}
 
 FIO_PATH::FIO_PATH(std::string const& directory, std::string const& name) : m_directory(directory), m_base(name) {
   normalise_separators(m_base, m_path_separator);
@@ -128,22 +149,42 @@ FIO_PATH::FIO_PATH(std::string const& directory, std::string const& name) : m_di
 FIO_PATH::FIO_PATH(FIO_PATH const& other) = default;
 
 FIO_PATH::FIO_PATH(FIO_PATH&& other) noexcept
-    : m_path_separator(other.m_path_separator), m_legal_length(other.m_legal_length) {
-  take(other);
+    : m_full_path(std::move(other.m_full_path)), m_drive(std::move(other.m_drive)),
+      m_directory(std::move(other.m_directory)), m_base(std::move(other.m_base)),
+      m_extension(std::move(other.m_extension)), m_path_separator(other.m_path_separator),
+      m_legal_length(other.m_legal_length) {
+  other.leave_empty();
 }
 
 FIO_PATH& FIO_PATH::operator=(FIO_PATH const& other) {
   if (this != &other) {
-    *this = FIO_PATH(other);
+    // Memory runs out before anything is changed.
+    make_room(m_full_path, other.m_full_path.size());
+    make_room(m_drive, other.m_drive.size());
+    make_room(m_directory, other.m_directory.size());
+    make_room(m_base, other.m_base.size());
+    make_room(m_extension, other.m_extension.size());
+    m_full_path = other.m_full_path;
+    m_drive = other.m_drive;
+    m_directory = other.m_directory;
+    m_base = other.m_base;
+    m_extension = other.m_extension;
+    m_path_separator = default_path_separator();
+    m_legal_length = true;
   }
   return *this;
 }
 
 FIO_PATH& FIO_PATH::operator=(FIO_PATH&& other) noexcept {
   if (this != &other) {
-    take(other);
+    m_full_path = std::move(other.m_full_path);
+    m_drive = std::move(other.m_drive);
+    m_directory = std::move(other.m_directory);
+    m_base = std::move(other.m_base);
+    m_extension = std::move(other.m_extension);
     m_path_separator = default_path_separator();
     m_legal_length = true;
+    other.leave_empty();
   }
   return *this;
 }
@@ -166,24 +207,34 @@ void FIO_PATH::split_full_path(char const* path) {
   }
   divided_path const parts = divide_path(path);
   // Memory runs out before anything is changed. The views may lie in `m_full_path`, which is written last.
-  m_base.reserve(parts.base.size());
-  m_extension.reserve(parts.extension.size());
-  m_directory.reserve(parts.directory.size() + 1);
+  make_room(m_base, parts.base.size());
+  make_room(m_extension, parts.extension.size());
+  make_room(m_directory, parts.directory.size() + 1);
   m_legal_length = parts.legal;
   m_drive.clear();
   m_base = parts.base;
   m_extension = parts.extension;
   m_directory = parts.directory;
-  store_directory();
-  rebuild();
+  if (m_path_separator == '/' && fio_internal::is_normal(m_directory, '/')) {
+    m_full_path = parts.text();
+  } else {
+    store_directory();
+    rebuild();
+  }
 }
 
 void FIO_PATH::make_path(FILE_COMPONENTS component, std::string const& value) {
+  bool const was_plain = is_plain();
+  std::size_t const old_size = m_directory.size();
   switch (component) {
   case DIRECTORY:
-    m_directory.reserve(value.size() + 1);
+    make_room(m_directory, value.size() + 1);
     m_directory = value;
     store_directory();
+    if (was_plain && m_path_separator == '/' && !has_nul(m_directory)) {
+      m_full_path.replace(0, old_size, m_directory);
+      return;
+    }
     break;
   case DRIVE:
     m_drive.assign(value, 0, 1);
@@ -207,23 +258,65 @@ void FIO_PATH::store_directory() {
   close_with(m_directory, m_path_separator);
 }
 
-// Makes the text that `FIO_FILE_SYSTEM::makepath` gives for the components, in place.
+// Makes the text that `FIO_FILE_SYSTEM::makepath` gives for the components, in place. Takes memory only if the text has
+// no room: a text that is as long as its components is never older than they are.
 void FIO_PATH::rebuild() {
-  // The components, and a separator and a dot between them.
-  m_full_path.reserve(m_drive.size() + m_directory.size() + m_base.size() + m_extension.size() + 2);
+  auto const compose = [drive = c_text(m_drive), directory = c_text(m_directory), base = c_text(m_base),
+                        extension = c_text(m_extension)](auto append) {
+    fio_internal::compose_path(drive, directory, base, extension, append);
+  };
+  std::size_t size = 0;
+  compose([&size](std::string_view piece) { size += piece.size(); });
+  make_room(m_full_path, size);
   m_full_path.clear();
-  fio_internal::compose_path(c_text(m_drive), c_text(m_directory), c_text(m_base), c_text(m_extension),
-                             [this](std::string_view piece) { m_full_path += piece; });
+  compose([this](std::string_view piece) { m_full_path += piece; });
 }
 
-// Takes the texts of `other`, which need not be empty after a move of strings alone.
-void FIO_PATH::take(FIO_PATH& other) noexcept {
-  m_full_path = std::exchange(other.m_full_path, {});
-  m_drive = std::exchange(other.m_drive, {});
-  m_directory = std::exchange(other.m_directory, {});
-  m_base = std::exchange(other.m_base, {});
-  m_extension = std::exchange(other.m_extension, {});
-  other.m_legal_length = false;
+// Whether the text is directory, base and extension side by side. Nothing was put between them, no NUL has cut one of
+// them, and no memory ran out since they were stored: the text had no room for them then.
+bool FIO_PATH::is_plain() const {
+  return m_drive.empty() && (m_directory.empty() || m_directory.back() == '/') && has_plain_extension() &&
+         m_full_path.size() == m_directory.size() + m_base.size() + m_extension.size();
+}
+
+bool FIO_PATH::has_plain_extension() const { return m_extension.empty() || m_extension.front() == '.'; }
+
+// Replaces the end of a plain text, from `start` on.
+void FIO_PATH::replace_end(std::size_t start, std::string_view end) {
+  make_room(m_full_path, start + end.size());
+  m_full_path.erase(start);
+  m_full_path += end;
+}
+
+// Whether a path that is made anew from the text of this one, and has divided into `divided`, differs from it in nothing
+// that simplification looks at.
+bool FIO_PATH::is_as_divided(stack_path const& divided) const {
+  return m_path_separator == '/' && is_plain() && divided.is_unchanged(m_full_path) &&
+         divided.directory().size() == m_directory.size() &&
+         (!divided.has_outer_dot() || divided.base().size() == m_base.size());
+}
+
+void FIO_PATH::store(stack_path const& path) {
+  // Memory runs out before anything is changed.
+  make_room(m_full_path, path.text().size());
+  make_room(m_directory, path.directory().size());
+  make_room(m_base, path.base().size());
+  make_room(m_extension, path.extension().size());
+  m_drive.clear();
+  m_full_path = path.text();
+  m_directory = path.directory();
+  m_base = path.base();
+  m_extension = path.extension();
+}
+
+// The end of a move: moved strings need not be empty.
+void FIO_PATH::leave_empty() noexcept {
+  m_full_path.clear();
+  m_drive.clear();
+  m_directory.clear();
+  m_base.clear();
+  m_extension.clear();
+  m_legal_length = false;
 }
 
 // Reading
@@ -347,24 +440,30 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
   if (text.empty()) {
     m_base.clear();
     m_extension.clear();
-  } else {
-    divided_path const parts = divide_path(text.c_str());
-    // Memory runs out before anything is changed, but for the text.
-    m_base.reserve(parts.base.size());
-    m_extension.reserve(parts.extension.size());
-    if (!parts.directory.empty()) {
-      m_directory.reserve(m_directory.size() + parts.directory.size() + 2);
-    }
-    m_legal_length = parts.legal;
-    if (!parts.directory.empty()) {
-      close_with(m_directory, m_path_separator);
-      m_directory += parts.directory;
-      store_directory();
-    }
-    m_base = parts.base;
-    m_extension = parts.extension;
+    rebuild();
+    return *this;
   }
-  rebuild();
+  divided_path const parts = divide_path(text.c_str());
+  // Memory runs out before anything is changed, but for the text.
+  make_room(m_base, parts.base.size());
+  make_room(m_extension, parts.extension.size());
+  if (!parts.directory.empty()) {
+    make_room(m_directory, m_directory.size() + parts.directory.size() + 2);
+  }
+  bool const keeps_directory = is_plain() && parts.directory.empty();
+  m_legal_length = parts.legal;
+  if (!parts.directory.empty()) {
+    close_with(m_directory, m_path_separator);
+    m_directory += parts.directory;
+    store_directory();
+  }
+  m_base = parts.base;
+  m_extension = parts.extension;
+  if (keeps_directory) {
+    replace_end(m_directory.size(), parts.name());
+  } else {
+    rebuild();
+  }
   return *this;
 }
 
@@ -395,28 +494,39 @@ FIO_PATH& FIO_PATH::no_extension() {
   return *this;
 }
 
-FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, FIO_EXTENSION_TYPE second) {
-  m_extension = join_extension(first, second);
-  rebuild();
+template <typename First, typename Second>
+FIO_PATH& FIO_PATH::store_extension(First const& first, Second const& second) {
+  extension_part const parts[] = {extension_part(first), extension_part(second)};
+  bool const was_plain = is_plain();
+  // Room for two dots. Memory runs out before anything is changed, but for the text.
+  make_room(m_extension, parts[0].text.size() + parts[1].text.size() + 2);
+  m_extension.clear();
+  if (parts[0].is_present) {
+    parts[0].append_to(m_extension);
+    parts[1].append_to(m_extension);
+  }
+  if (was_plain && has_plain_extension()) {
+    replace_end(m_directory.size() + m_base.size(), c_text(m_extension));
+  } else {
+    rebuild();
+  }
   return *this;
+}
+
+FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, FIO_EXTENSION_TYPE second) {
+  return store_extension(first, second);
 }
 
 FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, std::string const& second) {
-  m_extension = join_extension(first, second);
-  rebuild();
-  return *this;
+  return store_extension(first, second);
 }
 
 FIO_PATH& FIO_PATH::extension(std::string const& first, FIO_EXTENSION_TYPE second) {
-  m_extension = join_extension(first, second);
-  rebuild();
-  return *this;
+  return store_extension(first, second);
 }
 
 FIO_PATH& FIO_PATH::extension(std::string const& first, std::string const& second) {
-  m_extension = join_extension(first, second);
-  rebuild();
-  return *this;
+  return store_extension(first, second);
 }
 
 FIO_PATH& FIO_PATH::path_separator(char separator) {
@@ -429,92 +539,98 @@ FIO_PATH& FIO_PATH::path_separator(char separator) {
 
 // Simplification and location
 
-void FIO_PATH::become_simplified() {
-  if (std::getenv("fio_old_simplify") == nullptr) {
-    flatten();
+void FIO_PATH::become_simplified() { simplify(is_old_simplification_chosen()); }
+
+void FIO_PATH::flatten() { simplify(false); }
+
+void FIO_PATH::simplify(bool in_the_old_way) {
+  if ((!in_the_old_way && !has_directory()) || is_simplified()) {
     return;
   }
-  std::string directory = simplified_root();
-  FIO_PATH const parsed(m_full_path);
-  for (level_walk walk(parsed.m_directory, parsed.m_path_separator); walk.next();) {
-    append_component(directory, walk.level());
-  }
-  close_simplification(std::move(directory));
-}
-
-void FIO_PATH::flatten() {
-  if (!has_directory()) {
+  stack_path path(m_full_path);
+  if (!is_as_divided(path)) {
+    simplify_components(in_the_old_way);
     return;
   }
-  // A NUL may hide the whole text of a directory; not even its root is left then.
-  std::string directory = m_full_path.empty() ? std::string() : simplified_root();
-  // What stands behind the last separator is the file name and no component, unless there is no separator at all: an
-  // assigned path may have kept another one from its source.
-  level_walk walk(m_full_path, m_path_separator);
-  bool const all_is_one_component = m_full_path.find(m_path_separator) == std::string::npos;
-  while (walk.next() && (walk.is_closed() || all_is_one_component)) {
-    append_component(directory, walk.level());
-  }
-  close_simplification(std::move(directory));
+  path.simplify(in_the_old_way);
+  // All of it becomes shorter, and no memory is needed.
+  m_directory = path.directory();
+  m_full_path = path.text();
+  erase_lone_dots();
 }
 
-// What a simplified directory starts from, with room for all of the text.
-std::string FIO_PATH::simplified_root() const {
-  std::string directory;
-  directory.reserve(m_full_path.size() + 1);
-  if (absolute()) {
-    directory += m_path_separator;
-  }
-  return directory;
-}
-
-// Adds a component to a simplified directory that is being built.
-void FIO_PATH::append_component(std::string& directory, std::string_view component) const {
-  if (component == ".") {
-    return;
-  }
-  if (component == ".." && !directory.empty()) {
-    // A plain component goes, with the separator before it, but leading ".." pile up and the root stays.
-    std::size_t const last_separator = directory.rfind(m_path_separator);
-    bool const is_only_one = last_separator == std::string::npos;
-    if (std::string_view(directory).substr(is_only_one ? 0 : last_separator + 1) != "..") {
-      bool const reaches_root = last_separator == 0 && absolute();
-      directory.resize(is_only_one ? 0 : last_separator + (reaches_root ? 1 : 0));
-      return;
-    }
-  }
-  close_with(directory, m_path_separator);
-  directory += component;
-}
-
-void FIO_PATH::close_simplification(std::string&& directory) {
-  // Memory runs out before anything is changed: the directory has its room, and this is all that the text can take.
-  m_full_path.reserve(m_drive.size() + directory.size() + m_base.size() + m_extension.size() + 3);
-  m_directory = std::move(directory);
-  store_directory();
-  if (std::strcmp(m_base.c_str(), ".") == 0) {
+void FIO_PATH::erase_lone_dots() {
+  if (c_text(m_base) == ".") {
     m_base.clear();
   }
   if (m_extension == ".") {
     m_extension.clear();
   }
+}
+
+// Whether neither way to simplify would change this path.
+bool FIO_PATH::is_simplified() const {
+  return m_path_separator == '/' && is_plain() && !m_directory.empty() &&
+         is_path_length_within_operating_system_limits(m_full_path) && !is_dot(m_base) && !is_dot(m_extension) &&
+         fio_internal::directory_size(m_full_path) == m_directory.size() && fio_internal::is_simple(m_directory);
+}
+
+// Simplifies a path that is not what its text divides into, or too long for that.
+void FIO_PATH::simplify_components(bool in_the_old_way) {
+  // Room for the root, all of the text and a separator.
+  std::string directory(m_full_path.size() + 2, '\0');
+  // A NUL may hide the whole text of a directory; not even its root is left then.
+  bool const has_root = absolute() && (in_the_old_way || !m_full_path.empty());
+  directory.front() = m_path_separator;
+  fio_internal::simplified_directory result(directory.data(), has_root ? 1 : 0, m_path_separator, absolute());
+  if (in_the_old_way) {
+    FIO_PATH const parsed(m_full_path);
+    for (level_walk walk(parsed.m_directory, parsed.m_path_separator); walk.next();) {
+      result.append(walk.level());
+    }
+  } else {
+    // What stands behind the last separator is the file name and no component, unless there is no separator at all: an
+    // assigned path may have kept another one from its source.
+    bool const all_is_one_component = m_full_path.find(m_path_separator) == std::string::npos;
+    level_walk walk(m_full_path, m_path_separator);
+    while (walk.next() && (walk.is_closed() || all_is_one_component)) {
+      result.append(walk.level());
+    }
+  }
+  directory.resize(result.close());
+  // Memory runs out before anything is changed: this is all that the text can take.
+  m_full_path.reserve(m_drive.size() + directory.size() + m_base.size() + m_extension.size() + 3);
+  m_directory = std::move(directory);
+  store_directory();
+  erase_lone_dots();
   rebuild();
   check_length(m_full_path);
 }
 
 void FIO_PATH::become_absolute(std::string const& directory) {
-  std::string current;
   if (directory.empty()) {
-    current = FIO_FILE_SYSTEM::get_current_directory();
+    anchor_at(current_directory().text());
+  } else {
+    anchor_at(c_text(directory));
   }
+}
+
+void FIO_PATH::anchor_at(std::string_view directory) {
   if (absolute()) {
     return;
   }
-  FIO_PATH const anchor(directory.empty() ? current : directory);
+  stack_path const anchor(directory);
   check_length(m_full_path);
+  if (m_path_separator == '/') {
+    stack_path path(anchor.text(), m_full_path);
+    path.simplify(is_old_simplification_chosen());
+    store(path);
+    m_legal_length = path.is_legal_length();
+    return;
+  }
   std::string joined;
-  joined.reserve(anchor.m_full_path.size() + 1 + m_full_path.size());
-  joined.append(anchor.m_full_path).append(1, '/').append(m_full_path);
+  joined.reserve(anchor.text().size() + 1 + m_full_path.size());
+  joined.append(anchor.text()).append(1, '/').append(m_full_path);
   *this = joined;
   become_simplified();
 }
@@ -548,42 +664,70 @@ boost::optional<std::string> FIO_PATH::canonical(std::string const& path) {
 }
 
 std::string FIO_PATH::get_relative_to(std::string const& directory) const {
-  std::string reference = sync_path_separators(directory);
-  close_with(reference, m_path_separator);
-  FIO_PATH const self(m_full_path);
-  FIO_PATH const other(reference);
-  level_walk own(self.m_directory, self.m_path_separator);
-  level_walk theirs(other.m_directory, other.m_path_separator);
-  if (!self.absolute() || !other.absolute() || !own.next() || !theirs.next() || own.level() != theirs.level()) {
+  std::string reference;
+  bool const is_usual = fio_internal::is_separator(m_path_separator) && directory.size() < fio_internal::longest_path &&
+                        !has_nul(directory);
+  if (!is_usual) {
+    reference = sync_path_separators(directory);
+    close_with(reference, m_path_separator);
+  }
+  stack_path const self(m_full_path);
+  stack_path const other = is_usual ? stack_path(directory, "") : stack_path(c_text(reference));
+  if (!self.is_absolute() || !other.is_absolute()) {
     return m_full_path;
   }
-  std::string_view rest = self.m_directory;
-  rest.remove_prefix(1);
-  bool has_level_to_leave = false;
-  do {
-    rest.remove_prefix(own.level().size() + 1);
-    has_level_to_leave = theirs.next();
-  } while (own.next() && has_level_to_leave && own.level() == theirs.level());
-  std::string result;
-  for (; has_level_to_leave; has_level_to_leave = theirs.next()) {
-    result += "..";
-    result += m_path_separator;
+  // Both begin and end with a separator, and so does what they have in common once it is cut behind the last one.
+  std::size_t common = fio_internal::common_size(self.directory(), other.directory());
+  while (!fio_internal::is_separator(self.text()[common - 1])) {
+    --common;
   }
-  result.append(rest).append(self.m_base).append(self.m_extension);
+  if (common == 1) {
+    return m_full_path;
+  }
+  std::string_view const to_leave = other.directory().substr(common);
+  std::string_view const rest = self.text().substr(common);
+  auto const ups = static_cast<std::size_t>(std::count(to_leave.begin(), to_leave.end(), '/'));
+  std::string result(3 * ups + rest.size(), '.');
+  for (std::size_t i = 0; i != ups; ++i) {
+    result[3 * i + 2] = m_path_separator;
+  }
+  rest.copy(&result[3 * ups], rest.size());
   return result;
 }
 
 // Comparison
 
-bool FIO_PATH::operator==(FIO_PATH const& other) const {
+bool FIO_PATH::operator==(FIO_PATH const& other) const { return has_end_of(other) && is_equal(other); }
+
+// Whether the text may end with the name of another path. The ends settle it mostly that two paths are not equal.
+bool FIO_PATH::has_end_of(FIO_PATH const& other) const {
+  std::size_t const size = m_full_path.size();
+  std::size_t const name_size = other.m_base.size() + other.m_extension.size();
+  // A longer text may have its extension cut, and is complained of.
+  bool const is_known = size <= fio_internal::longest_extension && other.is_plain() &&
+                        is_path_length_within_operating_system_limits(other.m_full_path);
+  return !is_known || (size >= name_size && (name_size == 0 || m_full_path.back() == other.m_full_path.back()) &&
+                       (size == name_size || fio_internal::is_separator(m_full_path[size - name_size - 1])));
+}
+
+bool FIO_PATH::is_equal(FIO_PATH const& other) const {
   check_length(m_full_path);
-  std::string const other_name = other.filename();
-  return name_in(m_full_path) == c_text(other_name) && compare(m_full_path, other) == 0;
+  check_length(other.m_full_path);
+  std::string_view base = other.m_base;
+  std::string_view extension = other.m_extension;
+  if (!other.is_plain()) {
+    // As far as a C-string of the file name would reach.
+    extension = has_nul(other.m_base) ? std::string_view() : c_text(other.m_extension);
+    base = c_text(other.m_base);
+  }
+  std::string_view const name = name_in(m_full_path);
+  return name.size() == base.size() + extension.size() && name.substr(0, base.size()) == base &&
+         name.substr(base.size()) == extension && compare(other) == 0;
 }
 
 bool FIO_PATH::operator==(std::string const& other) const {
   check_length(m_full_path);
-  return name_in(m_full_path) == name_in(other) && compare(m_full_path, other) == 0;
+  return name_in(m_full_path) == name_in(c_text(other)) && compare(other) == 0;
 }
 
 bool FIO_PATH::operator!=(FIO_PATH const& other) const { return !(*this == other); }
@@ -592,12 +736,31 @@ bool FIO_PATH::operator!=(std::string const& other) const { return !(*this == ot
 
 bool FIO_PATH::operator<(FIO_PATH const& other) const {
   check_length(m_full_path);
-  return compare(m_full_path, other) < 0;
+  return compare(other) < 0;
 }
 
 bool FIO_PATH::operator<(std::string const& other) const {
   check_length(m_full_path);
-  return compare(m_full_path, other) < 0;
+  return compare(other) < 0;
+}
+
+// The left operand is made anew from its text, with the default separator; a path on the right is copied as it comes.
+
+int FIO_PATH::compare(FIO_PATH const& other) const {
+  stack_path right(other.m_full_path);
+  if (!other.is_as_divided(right)) {
+    FIO_PATH left_copy(m_full_path);
+    FIO_PATH right_copy(other);
+    return fio_path_comparison_operation(left_copy, right_copy);
+  }
+  stack_path left(m_full_path);
+  return fio_path_comparison_operation(left, right);
+}
+
+int FIO_PATH::compare(std::string const& other) const {
+  stack_path left(m_full_path);
+  stack_path right(c_text(other));
+  return fio_path_comparison_operation(left, right);
 }
 
 int FIO_PATH::os_specific_comparison(char const* left, char const* right) { return std::strcmp(left, right); }

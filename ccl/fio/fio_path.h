@@ -48,6 +48,11 @@
 #include "ccl/fio/fio_export.h"
 #include "ccl/fio/fio_types.h"
 
+namespace fio_internal {
+struct divided_path;
+class stack_path;
+} // namespace fio_internal
+
 /// A file or directory name, in components and as one text.
 class FIO_PATH {
 public:
@@ -448,12 +453,26 @@ public:
   /// @}
 
 private:
+  explicit FIO_PATH(fio_internal::divided_path const& parts);
+  void store(fio_internal::stack_path const& path);
   void store_directory();
+  template <typename First, typename Second>
+  FIO_PATH& store_extension(First const& first, Second const& second);
+  void replace_end(std::size_t start, std::string_view end);
   void rebuild();
-  void take(FIO_PATH& other) noexcept;
-  std::string simplified_root() const;
-  void append_component(std::string& directory, std::string_view component) const;
-  void close_simplification(std::string&& directory);
+  void leave_empty() noexcept;
+  bool is_plain() const;
+  bool has_plain_extension() const;
+  bool is_as_divided(fio_internal::stack_path const& divided) const;
+  bool is_simplified() const;
+  void simplify(bool in_the_old_way);
+  void simplify_components(bool in_the_old_way);
+  void erase_lone_dots();
+  void anchor_at(std::string_view directory);
+  bool has_end_of(FIO_PATH const& other) const;
+  bool is_equal(FIO_PATH const& other) const;
+  int compare(FIO_PATH const& other) const;
+  int compare(std::string const& other) const;
 
   std::string m_full_path;
   std::string m_drive;

@@ -1,11 +1,14 @@
 /// @file
-/// The text rules of paths, on views: how a text divides into components, how components make a text, and what the
-/// levels of a directory are. Nothing here allocates or touches the disk.
+/// The text rules of paths, on views: how a text divides into components, how components make a text, what the levels
+/// of a directory are, when its separators are in normal form, and how it is simplified. Nothing here allocates or
+/// touches the disk.
 
 #ifndef CCL_FIO_INTERNAL_PATH_TEXT_H
 #define CCL_FIO_INTERNAL_PATH_TEXT_H
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -36,36 +39,54 @@ inline std::string_view c_text(std::string const& text) { return text.c_str(); }
 /// Whether a name is one of the two that every directory has.
 inline bool is_dot_name(std::string_view name) { return name == "." || name == ".."; }
 
-/// The components of a path text, as views into it.
+/// The components of a path text, as views into it that lie side by side.
 struct divided_path {
   bool legal = false;         ///< false for a text that is null, empty or too long: all views are empty then
   std::string_view directory; ///< with its trailing separator
   std::string_view base;
   std::string_view extension; ///< with its dot
+
+  /// Base and extension.
+  std::string_view name() const { return {base.data(), base.size() + extension.size()}; }
+
+  /// Everything but what an extension has beyond the longest.
+  std::string_view text() const { return {directory.data(), directory.size() + name().size()}; }
 };
 
-inline divided_path divide_path(char const* path) {
+/// The number of characters up to the last separator of either kind, that one included.
+inline std::size_t directory_size(std::string_view text) {
+  void const* const slash = ::memrchr(text.data(), '/', text.size());
+  std::size_t size = slash != nullptr ? static_cast<std::size_t>(static_cast<char const*>(slash) - text.data()) + 1 : 0;
+  // The other separator is rare: one search behind the last slash finds none.
+  while (void const* const other = std::memchr(text.data() + size, '\\', text.size() - size)) {
+    size = static_cast<std::size_t>(static_cast<char const*>(other) - text.data()) + 1;
+  }
+  return size;
+}
+
+/// The number of characters of a file name up to its last dot, that one excluded.
+inline std::size_t base_size(std::string_view name) {
+  void const* const dot = ::memrchr(name.data(), '.', name.size());
+  return dot != nullptr ? static_cast<std::size_t>(static_cast<char const*>(dot) - name.data()) : name.size();
+}
+
+/// Divides a text of legal length that is not empty.
+inline divided_path divide_text(std::string_view text) {
+  std::string_view const name = text.substr(directory_size(text));
   divided_path parts;
+  parts.legal = true;
+  parts.directory = text.substr(0, text.size() - name.size());
+  parts.base = name.substr(0, base_size(name));
+  parts.extension = name.substr(parts.base.size(), longest_extension);
+  return parts;
+}
+
+inline divided_path divide_path(char const* path) {
   if (path == nullptr || *path == '\0') {
-    return parts;
+    return {};
   }
   std::string_view const text = bounded_text(path);
-  if (!is_legal_length(text.size())) {
-    return parts;
-  }
-  parts.legal = true;
-  std::size_t name_start = text.size();
-  while (name_start != 0 && !is_separator(text[name_start - 1])) {
-    --name_start;
-  }
-  std::string_view const name = text.substr(name_start);
-  std::size_t const dot = name.rfind('.');
-  parts.directory = text.substr(0, name_start);
-  parts.base = name.substr(0, dot);
-  if (dot != std::string_view::npos) {
-    parts.extension = name.substr(dot, longest_extension);
-  }
-  return parts;
+  return is_legal_length(text.size()) ? divide_text(text) : divided_path();
 }
 
 /// Hands the pieces of the text that the components make to `append`, one behind the other.
@@ -86,6 +107,75 @@ void compose_path(std::string_view drive, std::string_view directory, std::strin
     append("."sv);
   }
   append(extension);
+}
+
+/// Whether `test` holds for any two neighbours in a text. It is given characters, or blocks of them, and its result
+/// has the operators of both: no `&&` and `||`.
+template <typename Test>
+bool any_neighbours(std::string_view text, Test test) {
+  using block = char __attribute__((vector_size(16)));
+  using halves = std::uint64_t __attribute__((vector_size(16)));
+  if (text.size() <= sizeof(block)) {
+    for (std::size_t i = 1; i < text.size(); ++i) {
+      if (test(text[i - 1], text[i])) {
+        return true;
+      }
+    }
+    return false;
+  }
+  auto const test_block = [&test, &text](std::size_t i) {
+    block left;
+    block right;
+    std::memcpy(&left, text.data() + i, sizeof left);
+    std::memcpy(&right, text.data() + i + 1, sizeof right);
+    return reinterpret_cast<halves>(test(left, right));
+  };
+  // The last block overlaps the one before it.
+  std::size_t const last = text.size() - sizeof(block) - 1;
+  halves found = test_block(last);
+  for (std::size_t i = 0; i < last; i += sizeof(block)) {
+    found |= test_block(i);
+  }
+  return (found[0] | found[1]) != 0;
+}
+
+/// Whether a text holds neither the opposite of `separator` nor two of `separator` side by side.
+inline bool is_normal(std::string_view text, char separator) {
+  char const opposite = opposite_separator(separator);
+  return text.empty() ||
+         (text.back() != opposite && !any_neighbours(text, [separator, opposite](auto left, auto right) {
+            return (left == opposite) | ((left == separator) & (right == separator));
+          }));
+}
+
+/// Puts `separator` in the place of its opposite, and leaves no two of them side by side. Returns the new size.
+inline std::size_t normalise(char* text, std::size_t size, char separator) {
+  char const opposite = opposite_separator(separator);
+  std::size_t end = 0;
+  for (std::size_t i = 0; i != size; ++i) {
+    char const character = text[i] == opposite ? separator : text[i];
+    if (character != separator || end == 0 || text[end - 1] != separator) {
+      text[end++] = character;
+    }
+  }
+  return end;
+}
+
+/// The number of characters up to the first in which two texts differ.
+inline std::size_t common_size(std::string_view left, std::string_view right) {
+  std::size_t const size = std::min(left.size(), right.size());
+  std::size_t common = 0;
+  for (std::uint64_t a, b; size - common >= sizeof a; common += sizeof a) {
+    std::memcpy(&a, left.data() + common, sizeof a);
+    std::memcpy(&b, right.data() + common, sizeof b);
+    if (a != b) {
+      break;
+    }
+  }
+  while (common != size && left[common] == right[common]) {
+    ++common;
+  }
+  return common;
 }
 
 /// Walks the levels of a text: its maximal runs of characters that are not separators.
@@ -140,6 +230,74 @@ private:
   std::size_t m_end = 0;
   char m_separator;
   char m_alternative;
+};
+
+/// Whether a directory is in normal form under the separator `/`, and none of its levels begins with a dot: such a
+/// directory is simple.
+inline bool is_simple(std::string_view directory) {
+  return directory.empty() ||
+         (directory.front() != '.' && directory.back() == '/' && !any_neighbours(directory, [](auto left, auto right) {
+            return (left == '\\') | ((left == '/') & ((right == '/') | (right == '.')));
+          }));
+}
+
+/// The size of what stands before the first level of a normal directory that begins with a dot.
+inline std::size_t size_without_dot_levels(std::string_view directory) {
+  std::size_t start = directory.find('.');
+  while (start != std::string_view::npos && start != 0 && directory[start - 1] != '/') {
+    start = directory.find('.', start + 1);
+  }
+  return std::min(start, directory.size());
+}
+
+/// A directory that is simplified while its levels are appended, in memory that its maker provides: room for the root,
+/// and for each level and a separator. A level may lie in that memory, not before the place where it goes.
+class simplified_directory {
+public:
+  /// Starts from the first `size` characters of `text`, which are simple and have no separator at the end, unless they
+  /// are the root.
+  simplified_directory(char* text, std::size_t size, char separator, bool absolute)
+      : m_text(text), m_size(size), m_separator(separator), m_absolute(absolute) {}
+
+  void append(std::string_view level) {
+    using namespace std::string_view_literals;
+    if (level == "."sv || (level == ".."sv && climb())) {
+      return;
+    }
+    close();
+    std::memmove(m_text + m_size, level.data(), level.size());
+    m_size += level.size();
+  }
+
+  /// Ends the directory with a separator, if it is not empty. Returns its size.
+  std::size_t close() {
+    if (m_size != 0 && m_text[m_size - 1] != m_separator) {
+      m_text[m_size++] = m_separator;
+    }
+    return m_size;
+  }
+
+private:
+  // Takes the last level away, with the separator before it. Leading ".." pile up, which this does not do; the root
+  // stays.
+  bool climb() {
+    using namespace std::string_view_literals;
+    std::size_t start = m_size;
+    while (start != 0 && m_text[start - 1] != m_separator) {
+      --start;
+    }
+    if (m_size == 0 || std::string_view(m_text + start, m_size - start) == ".."sv) {
+      return false;
+    }
+    bool const reaches_root = start == 1 && m_absolute;
+    m_size = start == 0 || reaches_root ? start : start - 1;
+    return true;
+  }
+
+  char* m_text;
+  std::size_t m_size;
+  char m_separator;
+  bool m_absolute;
 };
 
 } // namespace fio_internal

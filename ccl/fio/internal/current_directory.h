@@ -1,0 +1,36 @@
+/// @file
+/// The current directory of the process, read as the library reads it everywhere.
+
+#ifndef CCL_FIO_INTERNAL_CURRENT_DIRECTORY_H
+#define CCL_FIO_INTERNAL_CURRENT_DIRECTORY_H
+
+#include "ccl/fio/internal/path_text.h"
+#include "ccl/osi/osi.h"
+
+namespace fio_internal {
+
+/// The current directory when this object was made, or an empty text if it cannot be read or has 1024 characters or
+/// more.
+class current_directory {
+public:
+  current_directory() : m_known(osi_getcwd(m_buffer, size) != nullptr) {}
+
+  /// Reads it for nobody.
+  static void read() {
+    char buffer[size];
+    osi_getcwd(buffer, size);
+  }
+
+  char const* text() const { return m_known ? m_buffer : ""; }
+
+private:
+  static constexpr std::size_t size = longest_path + 1;
+
+  // All zero, and one byte longer than the layer below is told of, so that the text is ended whatever that layer writes.
+  char m_buffer[size + 1] = {};
+  bool m_known;
+};
+
+} // namespace fio_internal
+
+#endif
