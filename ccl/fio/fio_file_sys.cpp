@@ -16,9 +16,14 @@
 #include "ccl/fio/fio_path.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
+#include "ccl/fio/internal/search.h"
 #include "ccl/osi/osi.h"
 
 namespace {
+
+using fio_internal::attribute_directory;
+using fio_internal::nothing_found;
+using fio_internal::search;
 
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
@@ -29,10 +34,8 @@ MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 constexpr mode_t directory_bit = 0x4000;
 constexpr mode_t regular_file_bit = 0x8000;
 
-constexpr std::uint32_t attribute_directory = 0x10;
 constexpr std::uint32_t attribute_read_only = 0x01;
 
-constexpr int nothing_found = -1;
 constexpr int single_entry = 0;
 
 bool has_wildcard(char const* path) { return std::strpbrk(path, "*?") != nullptr; }
@@ -101,28 +104,6 @@ long find_entry(char const* path, _finddata_t* fileinfo) {
   copy_text(fileinfo->name, last_slash != nullptr ? last_slash + 1 : path, sizeof fileinfo->name - 1);
   return single_entry;
 }
-
-// A search that is closed on every way out.
-class search {
-public:
-  explicit search(std::string const& filespec) : m_handle(FIO_FILE_SYSTEM::findfirst(filespec.c_str(), &entry)) {}
-  ~search() { close(); }
-  search(search const&) = delete;
-  search& operator=(search const&) = delete;
-
-  bool found() const { return m_handle != nothing_found; }
-  bool next() { return FIO_FILE_SYSTEM::findnext(m_handle, &entry) == 0; }
-  void close() { FIO_FILE_SYSTEM::findclose(std::exchange(m_handle, nothing_found)); }
-
-  bool is_dot_entry() const { return fio_internal::is_dot_name(entry.name); }
-  bool is_directory() const { return entry.attrib == attribute_directory; }
-
-  // Empty until an entry is found.
-  _finddata_t entry = {};
-
-private:
-  long m_handle;
-};
 
 struct stream_closer {
   void operator()(std::FILE* stream) const { std::fclose(stream); }
@@ -527,7 +508,7 @@ bool FIO_FILE_SYSTEM::copy_files(std::string const& source, std::string const& t
   if (!FIO_PATH::is_path_length_within_operating_system_limits(source)) {
     return false;
   }
-  search matches(source);
+  search matches(source.c_str());
   if (!matches.found()) {
     return true;
   }
@@ -558,7 +539,7 @@ bool FIO_FILE_SYSTEM::copy_dir(std::string const& source, std::string const& tar
       return false;
     }
   }
-  search entries(all);
+  search entries(all.c_str());
   if (!entries.found()) {
     return true;
   }
@@ -652,7 +633,7 @@ bool FIO_FILE_SYSTEM::do_remove_recursively(std::string& path, char const* patte
   };
   bool removed = true;
   path_of_a_directory const directory(path);
-  search entries(path + "/*");
+  search entries((path + "/*").c_str());
   for (bool found = entries.found(); found; found = entries.next()) {
     if (entries.is_dot_entry()) {
       continue;
@@ -678,7 +659,7 @@ bool FIO_FILE_SYSTEM::is_directory_empty(char const* path) {
   if (!is_directory(path)) {
     return false;
   }
-  search entries(std::string(path) + "/*");
+  search entries((std::string(path) + "/*").c_str());
   for (bool found = entries.found(); found; found = entries.next()) {
     if (!entries.is_dot_entry()) {
       return false;
@@ -695,7 +676,7 @@ std::unique_ptr<FIO_ERRC> FIO_FILE_SYSTEM::remove_empty_subdirectories(std::stri
   {
     // The system sees the text up to its first NUL.
     std::string const text = path.c_str(); // NOLINT(readability-redundant-string-cstr)
-    search entries(text + "/*");
+    search entries((text + "/*").c_str());
     if (!entries.found()) {
       return make_korvane_error<FIO::ERRC::FAILED_TO_OPEN_DIRECTORY_ERRC>(path);
     }

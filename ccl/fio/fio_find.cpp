@@ -8,25 +8,14 @@
 
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/module.h"
+#include "ccl/fio/internal/search.h"
 #include "ccl/stl/stl.h"
 
 namespace {
 
+using fio_internal::nothing_found;
+
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
-
-constexpr long no_walk = -1;
-
-// Closes a search of `FIO_FILE_SYSTEM` on every way out.
-class open_search {
-public:
-  explicit open_search(long handle) : m_handle(handle) {}
-  ~open_search() { FIO_FILE_SYSTEM::findclose(m_handle); }
-  open_search(open_search const&) = delete;
-  open_search& operator=(open_search const&) = delete;
-
-private:
-  long m_handle;
-};
 
 std::string fio_remove_leading_and_trailing_white_spaces(std::string const& text) {
   static constexpr char white_space[] = " \t\n\r";
@@ -44,16 +33,14 @@ std::string lower_case(std::string text) {
 
 // Appends the entries that `filespec` stands for, each in the directory of `filespec`. Whether there are any.
 bool fio_find_all_helper(char const* filespec, std::list<FIO_PATH>& found) {
-  _finddata_t entry;
-  long const handle = FIO_FILE_SYSTEM::findfirst(filespec, &entry);
-  if (handle == -1) {
+  fio_internal::search matches(filespec);
+  if (!matches.found()) {
     return false;
   }
-  open_search const search(handle);
   do {
     found.emplace_back(filespec);
-    found.back().filename(entry.name);
-  } while (FIO_FILE_SYSTEM::findnext(handle, &entry) == 0);
+    found.back().filename(matches.entry.name);
+  } while (matches.next());
   return true;
 }
 
@@ -126,7 +113,7 @@ FIO_FIND::FIO_FIND(std::list<FIO_PATH> const& directories, bool recursive) : m_r
 }
 
 FIO_FIND::~FIO_FIND() {
-  if (m_find_handle != no_walk) {
+  if (m_find_handle != nothing_found) {
     FIO_FILE_SYSTEM::findclose(m_find_handle);
   }
 }
@@ -304,7 +291,7 @@ std::string FIO_FIND::find_first() {
   _finddata_t entry;
   m_find_handle = FIO_FILE_SYSTEM::findfirst(m_search_path.c_str(), &entry);
   std::string name;
-  if (m_find_handle != no_walk) {
+  if (m_find_handle != nothing_found) {
     name = entry.name;
   }
   make_path_absolute_if_relative(&name);
@@ -322,10 +309,10 @@ std::string FIO_FIND::find_next() {
 }
 
 int FIO_FIND::find_close() {
-  if (m_find_handle == no_walk) {
+  if (m_find_handle == nothing_found) {
     return -1;
   }
   int const answer = FIO_FILE_SYSTEM::findclose(m_find_handle);
-  m_find_handle = no_walk;
+  m_find_handle = nothing_found;
   return answer;
 }
