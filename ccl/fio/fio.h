@@ -1,11 +1,11 @@
 /// @file
-/// All public headers of the library.
+/// All that the library offers, but for the making of errors: that is in `fio_errc.h`, which brings the format library.
 
 #ifndef CCL_FIO_FIO_H
 #define CCL_FIO_FIO_H
 
 #include "ccl/fio/fio_clsid.h"
-#include "ccl/fio/fio_errc.h"
+#include "ccl/fio/fio_errc_codes.h"
 #include "ccl/fio/fio_extension_type_info.h"
 #include "ccl/fio/fio_file_bin.h"
 #include "ccl/fio/fio_file_ext_type_info.h"

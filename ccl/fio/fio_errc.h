@@ -1,5 +1,6 @@
 /// @file
-/// The errors of this library that carry words: `FIO_ERRC` and its codes.
+/// The errors of this library that carry words, and their making: `FIO_ERRC`, its codes and the factory. Who only
+/// receives errors needs no more than `fio_errc_codes.h`, which every operation that returns one includes.
 ///
 /// Most of the library tells a failure by a result. An operation that needs words answers an owning pointer to a
 /// `FIO_ERRC`, and null for success; nothing here is ever thrown.
@@ -18,66 +19,7 @@
 #ifndef CCL_FIO_FIO_ERRC_H
 #define CCL_FIO_FIO_ERRC_H
 
-#include <initializer_list>
-#include <memory>
-#include <string>
-
 #include "ccl/err/korvane_error.h"
-#include "ccl/fio/fio_export.h"
-
-/// The base of this library's errors: it holds the message, which has one line when made.
-class FIO_EXPORT FIO_ERRC : public KORVANE_ERRC {
-public:
-  /// Takes the finished text of a format object for the one line of the message.
-  ///
-  /// @throws boost::io::format_error if the object was fed too few arguments
-  template <typename Character, typename Traits, typename Allocator>
-  explicit FIO_ERRC(boost::basic_format<Character, Traits, Allocator> const& formatted) {
-    m_message.m_lines.emplace_back();
-    m_message.m_lines.back().m_text = formatted.str();
-    m_message.unpack_submsgs(std::initializer_list<KORVANE_ERROR_MESSAGE>());
-  }
-
-  std::unique_ptr<KORVANE_ERRC> clone() const override = 0;
-  ~FIO_ERRC() override;
-  FIO_ERRC& operator=(FIO_ERRC const&) = delete;
-
-  /// A copy of the message, for the caller to keep or change.
-  KORVANE_ERROR_MESSAGE message() const override;
-
-protected:
-  FIO_ERRC(FIO_ERRC const&) = default;
-
-private:
-  KORVANE_ERROR_MESSAGE m_message;
-};
-
-namespace FIO::ERRC {
-
-/// A path that should name a directory does not.
-class FIO_EXPORT NOT_A_DIRECTORY_ERRC final : public FIO_ERRC {
-public:
-  static constexpr char const* format_text() { return "The given path \"%s\" is not a valid directory."; }
-  using FIO_ERRC::FIO_ERRC;
-  std::unique_ptr<KORVANE_ERRC> clone() const override;
-};
-
-/// A directory cannot be listed.
-class FIO_EXPORT FAILED_TO_OPEN_DIRECTORY_ERRC final : public FIO_ERRC {
-public:
-  static constexpr char const* format_text() { return "Failed to open \"%s\" as a directory."; }
-  using FIO_ERRC::FIO_ERRC;
-  std::unique_ptr<KORVANE_ERRC> clone() const override;
-};
-
-/// A directory cannot be removed.
-class FIO_EXPORT FAILED_TO_REMOVE_DIRECTORY_ERRC final : public FIO_ERRC {
-public:
-  static constexpr char const* format_text() { return "Failed to remove directory \"%s\"."; }
-  using FIO_ERRC::FIO_ERRC;
-  std::unique_ptr<KORVANE_ERRC> clone() const override;
-};
-
-} // namespace FIO::ERRC
+#include "ccl/fio/fio_errc_codes.h"
 
 #endif

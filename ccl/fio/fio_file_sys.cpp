@@ -13,6 +13,7 @@
 #include <string_view>
 #include <utility>
 
+#include "ccl/fio/fio_errc.h"
 #include "ccl/fio/fio_path.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"

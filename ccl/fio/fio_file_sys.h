@@ -39,7 +39,7 @@
 #include <memory>
 #include <string>
 
-#include "ccl/fio/fio_errc.h"
+#include "ccl/fio/fio_errc_codes.h"
 #include "ccl/fio/fio_export.h"
 
 class FIO_PATH;

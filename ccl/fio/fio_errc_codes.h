@@ -1,0 +1,80 @@
+/// @file
+/// The errors of this library as results: `FIO_ERRC` and its codes, for those who receive and read them. Those who make
+/// errors include `fio_errc.h`, which brings the format library with it.
+///
+/// @par Thread safety
+/// An error belongs to whoever holds its pointer and does not change once made.
+
+#ifndef CCL_FIO_FIO_ERRC_CODES_H
+#define CCL_FIO_FIO_ERRC_CODES_H
+
+#include <initializer_list>
+#include <memory>
+
+#include "ccl/err/korvane_errc.h"
+#include "ccl/fio/fio_export.h"
+
+namespace boost {
+
+// The format library's own header of forward declarations brings in the locales.
+template <typename Character, typename Traits, typename Allocator>
+class basic_format;
+
+} // namespace boost
+
+/// The base of this library's errors: it holds the message, which has one line when made.
+class FIO_EXPORT FIO_ERRC : public KORVANE_ERRC {
+public:
+  /// Takes the finished text of a format object for the one line of the message.
+  ///
+  /// @throws boost::io::format_error if the object was fed too few arguments
+  template <typename Character, typename Traits, typename Allocator>
+  explicit FIO_ERRC(boost::basic_format<Character, Traits, Allocator> const& formatted) {
+    m_message.m_lines.emplace_back();
+    m_message.m_lines.back().m_text = formatted.str();
+    m_message.unpack_submsgs(std::initializer_list<KORVANE_ERROR_MESSAGE>());
+  }
+
+  std::unique_ptr<KORVANE_ERRC> clone() const override = 0;
+  ~FIO_ERRC() override;
+  FIO_ERRC& operator=(FIO_ERRC const&) = delete;
+
+  /// A copy of the message, for the caller to keep or change.
+  KORVANE_ERROR_MESSAGE message() const override;
+
+protected:
+  FIO_ERRC(FIO_ERRC const&) = default;
+
+private:
+  KORVANE_ERROR_MESSAGE m_message;
+};
+
+namespace FIO::ERRC {
+
+/// A path that should name a directory does not.
+class FIO_EXPORT NOT_A_DIRECTORY_ERRC final : public FIO_ERRC {
+public:
+  static constexpr char const* format_text() { return "The given path \"%s\" is not a valid directory."; }
+  using FIO_ERRC::FIO_ERRC;
+  std::unique_ptr<KORVANE_ERRC> clone() const override;
+};
+
+/// A directory cannot be listed.
+class FIO_EXPORT FAILED_TO_OPEN_DIRECTORY_ERRC final : public FIO_ERRC {
+public:
+  static constexpr char const* format_text() { return "Failed to open \"%s\" as a directory."; }
+  using FIO_ERRC::FIO_ERRC;
+  std::unique_ptr<KORVANE_ERRC> clone() const override;
+};
+
+/// A directory cannot be removed.
+class FIO_EXPORT FAILED_TO_REMOVE_DIRECTORY_ERRC final : public FIO_ERRC {
+public:
+  static constexpr char const* format_text() { return "Failed to remove directory \"%s\"."; }
+  using FIO_ERRC::FIO_ERRC;
+  std::unique_ptr<KORVANE_ERRC> clone() const override;
+};
+
+} // namespace FIO::ERRC
+
+#endif
