@@ -7,6 +7,7 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
@@ -366,6 +367,33 @@ TEST_F(error_value, nested_lines_keep_their_order_and_all_their_fields) {
             (descriptions{"main|m|1|0", "first|f|2|2", "below first|bf|-3|3", "second||-1|2", "below second||-1|3"}));
 }
 
+TEST_F(error_value, a_message_that_is_nested_under_itself_loses_no_words) {
+  for (std::size_t count = 1; count != 10; ++count) {
+    for (std::size_t const room : {std::size_t{1}, 2 * count, std::size_t{100}}) {
+      SCOPED_TRACE(std::to_string(count) + " lines in the room of " + std::to_string(room));
+      std::vector<KORVANE_ERROR_MESSAGE> messages(2);
+      KORVANE_ERROR_MESSAGE& message = messages[0];
+      messages[1] = message_of({line("other", 0)});
+      message.m_lines.reserve(room);
+      descriptions expected;
+      for (std::size_t round = 0; round != 2; ++round) {
+        for (std::size_t i = 0; i != count; ++i) {
+          // Words of every other line need storage of their own.
+          std::string const words = std::to_string(i) + repeated(i % 2 * 100);
+          expected.push_back(words + "|aux|7|" + (round + i == 0 ? "0" : "1"));
+          if (round == 0) {
+            message.m_lines.push_back(line(words, 0, "aux", 7));
+          }
+        }
+      }
+      expected.push_back("other||-1|1");
+      message.unpack_submsgs(messages);
+      EXPECT_EQ(described(message), expected);
+      EXPECT_EQ(described(messages[1]), descriptions{"other||-1|0"});
+    }
+  }
+}
+
 // Formats
 
 TEST_F(error_value, an_error_has_the_finished_text_of_any_format) {
@@ -382,6 +410,17 @@ TEST_F(error_value, a_wrong_number_of_arguments_is_the_format_layers_exception) 
   EXPECT_THROW(make_korvane_error<two_arguments_error>("a", "b", "c"), boost::io::too_many_args);
   EXPECT_THROW(make_korvane_error<counted_error>("a", "b"), boost::io::too_many_args);
   EXPECT_EQ(counted_error::living, 0);
+}
+
+TEST_F(error_value, a_null_string_is_refused_and_is_no_lack_of_memory) {
+  EXPECT_THROW(make_korvane_error<counted_error>(static_cast<char const*>(nullptr)), std::logic_error);
+  EXPECT_THROW(make_korvane_error<counted_error>(static_cast<char*>(nullptr)), std::logic_error);
+  EXPECT_THROW(make_korvane_error<counted_error>(static_cast<signed char const*>(nullptr)), std::logic_error);
+  EXPECT_THROW(make_korvane_error<counted_error>(static_cast<unsigned char const*>(nullptr)), std::logic_error);
+  EXPECT_THROW(make_korvane_error<two_arguments_error>("a", static_cast<char const*>(nullptr)), std::logic_error);
+  EXPECT_EQ(counted_error::living, 0);
+  EXPECT_EQ(make_korvane_error<counted_error>(static_cast<void const*>(nullptr))->message().m_lines[0].m_text, "0")
+      << "an address is not a string";
 }
 
 // Storage

@@ -30,12 +30,19 @@ public:
   ///
   ///     depths 0, and two messages of depths 0, 1   => 0, 1, 2, 1, 2
   ///
-  /// @param sub_messages a container of `KORVANE_ERROR_MESSAGE`
+  /// @param sub_messages a container of `KORVANE_ERROR_MESSAGE`, of which one may be this message: it is nested as it
+  ///                     is when its turn comes
   /// @throws std::bad_alloc when the lines cannot be stored
   template <typename Container>
   void unpack_submsgs(Container const& sub_messages) {
     for (KORVANE_ERROR_MESSAGE const& sub_message : sub_messages) {
-      m_lines.insert(m_lines.end(), sub_message.m_lines.begin(), sub_message.m_lines.end());
+      if (&sub_message == this) {
+        // The lines move when they need more room, which must not happen to those that are being copied.
+        auto const own_lines = m_lines;
+        m_lines.insert(m_lines.end(), own_lines.begin(), own_lines.end());
+      } else {
+        m_lines.insert(m_lines.end(), sub_message.m_lines.begin(), sub_message.m_lines.end());
+      }
     }
     for (std::size_t i = 1; i < m_lines.size(); ++i) {
       ++m_lines[i].m_indent;

@@ -15,6 +15,7 @@
 #include <memory>
 #include <new>
 #include <ostream>
+#include <stdexcept>
 #include <type_traits>
 #include <utility>
 
@@ -43,6 +44,12 @@ private:
 
 namespace korvane_detail {
 
+/// Whether a stream inserts a `T` as a string and not as an address.
+template <typename T>
+inline constexpr bool is_c_string = std::is_same_v<T, char*> || std::is_same_v<T, char const*> ||
+                                    std::is_same_v<T, signed char*> || std::is_same_v<T, signed char const*> ||
+                                    std::is_same_v<T, unsigned char*> || std::is_same_v<T, unsigned char const*>;
+
 /// An argument on its way into a format. A stream swallows the exception when memory runs out, and the text would be
 /// cut without a word.
 template <typename T>
@@ -50,6 +57,11 @@ struct fed_argument {
   T const& value;
 
   friend std::ostream& operator<<(std::ostream& stream, fed_argument const& argument) {
+    if constexpr (is_c_string<T>) {
+      if (argument.value == nullptr) {
+        throw std::logic_error("make_korvane_error: null C-string");
+      }
+    }
     stream << argument.value;
     if (stream.bad()) {
       throw std::bad_alloc();
@@ -68,6 +80,7 @@ struct fed_argument {
 /// An argument is never read as a format.
 ///
 /// @throws boost::io::format_error if the text takes another number of arguments
+/// @throws std::logic_error if an argument is a null C-string
 /// @throws std::bad_alloc when the error cannot be stored
 template <typename T, typename... Arguments>
 KORVANE_ERROR<T> make_korvane_error(Arguments const&... arguments) {
