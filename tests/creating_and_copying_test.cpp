@@ -1222,6 +1222,34 @@ TEST_F(creating_and_copying, copy_dir_refuses_texts_that_grow_too_long) {
   EXPECT_EQ(messages(), nothing);
 }
 
+TEST_F(creating_and_copying, copy_dir_counts_the_characters_behind_a_nul) {
+  auto const with_unseen = [](std::string text, std::size_t length) {
+    text += '\0';
+    return text + repeated(length - text.size());
+  };
+  m_tree.draw({"s/f", "there/"});
+  struct {
+    std::string source;
+    std::string target;
+    bool answer;
+    bool made;
+  } const rows[] = {
+      // A separator and a wildcard are added to the source, and a separator to the target.
+      {with_unseen("s", 1021), "t1", true, true},       {with_unseen("s", 1022), "t2", false, true},
+      {with_unseen("s/", 1022), "t3", false, true},     {"s", with_unseen("t4", 1022), true, true},
+      {"s", with_unseen("t5", 1023), false, false},     {"s", with_unseen("t6", 1024), false, false},
+      {"s", with_unseen("there", 1023), false, true},   {with_unseen("s", 1021) + '/', "t7", true, true},
+      {"s", with_unseen("t8", 1022) + '/', true, true},
+  };
+  for (auto const& row : rows) {
+    std::string const target = row.target.c_str();
+    SCOPED_TRACE(target);
+    EXPECT_EQ(F::copy_dir(row.source, row.target, false, false), row.answer);
+    EXPECT_EQ(is_dir(target), row.made);
+    EXPECT_EQ(is_there(target + "/f"), row.answer);
+  }
+}
+
 TEST_F(creating_and_copying, copy_dir_leaves_a_loop_of_links_when_the_paths_are_too_long) {
   struct {
     char const* source;

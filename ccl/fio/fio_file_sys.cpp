@@ -121,6 +121,13 @@ std::string with_slash(std::string const& path) {
   return text;
 }
 
+// Whether a path has a legal length with the slash that it is given. What stands behind a NUL counts, though the system
+// does not see it.
+bool is_legal_with_slash(std::string const& path, std::size_t added = 0) {
+  bool const takes_slash = !path.empty() && path.back() != '/';
+  return fio_internal::is_legal_length(path.size() + takes_slash + added);
+}
+
 // The unit in which content is moved.
 constexpr std::size_t copy_block = 4096;
 
@@ -531,14 +538,13 @@ bool FIO_FILE_SYSTEM::copy_dir(std::string const& source, std::string const& tar
                                bool preserve_time) {
   std::string const from = with_slash(source);
   std::string const to = with_slash(target);
-  if (!exists(to.c_str()) && !create(to)) {
+  bool const is_legal_target = is_legal_with_slash(target);
+  if (!exists(to.c_str()) && !(is_legal_target && create(to))) {
     return false;
   }
   std::string const all = from + '*';
-  for (std::string const* text : {&from, &to, &all}) {
-    if (!FIO_PATH::is_path_length_within_operating_system_limits(*text)) {
-      return false;
-    }
+  if (!is_legal_target || !is_legal_with_slash(source, 1)) {
+    return false;
   }
   search entries(all.c_str());
   if (!entries.found()) {
