@@ -6,6 +6,7 @@
 #include "ccl/fio/fio_extension_type_info.h"
 #include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/fio_file_type_info.h"
+#include "ccl/fio/internal/filter_text.h"
 #include "tests/support/ever_more_memory.h"
 #include "tests/support/scratch.h"
 #include "tests/vocabulary_expected.h"
@@ -131,6 +132,15 @@ TEST_F(dialog_filters, an_unknown_value_has_no_filter) {
     EXPECT_EQ(extension_filter(type, false), "") << type;
     EXPECT_EQ(extension_filter(type, true), "") << type;
   }
+}
+
+TEST_F(dialog_filters, neither_a_name_without_patterns_nor_patterns_without_a_name_are_offered) {
+  for (bool const plural : {false, true}) {
+    EXPECT_EQ(fio_internal::filter_text("VHDL File", plural, ""), "") << plural;
+    EXPECT_EQ(fio_internal::filter_text("", plural, "*.vhd"), "") << plural;
+    EXPECT_EQ(fio_internal::filter_text("", plural, ""), "") << plural;
+  }
+  EXPECT_EQ(fio_internal::filter_text("VHDL File", true, "*.vhd"), "VHDL Files (*.vhd)");
 }
 
 TEST_F(dialog_filters, a_type_described_as_other_shows_its_own_name) {

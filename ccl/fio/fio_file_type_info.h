@@ -56,7 +56,7 @@ public:
 ///
 /// @param file_type any value
 /// @param plural whether an "s" stands behind the name
-/// @return the text; empty for an unknown type
+/// @return the text; empty for a type without a name or without extensions, as every unknown one is
 /// @throws std::bad_alloc when the text or the list of the extensions cannot be stored
 /// @par Thread safety
 /// Any thread.

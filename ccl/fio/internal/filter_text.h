@@ -9,8 +9,12 @@
 
 namespace fio_internal {
 
-/// "Name (patterns)", or "Names (patterns)" for the plural, which is a bare "s" whatever the word.
+/// "Name (patterns)", or "Names (patterns)" for the plural, which is a bare "s" whatever the word. Empty without a name
+/// or without patterns.
 inline std::string filter_text(std::string_view name, bool plural, std::string_view patterns) {
+  if (name.empty() || patterns.empty()) {
+    return {};
+  }
   std::string filter;
   filter.reserve(name.size() + patterns.size() + 4);
   filter.append(name).append(plural ? "s (" : " (").append(patterns).append(1, ')');
