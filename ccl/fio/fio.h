@@ -5,6 +5,7 @@
 #define CCL_FIO_FIO_H
 
 #include "ccl/fio/fio_clsid.h"
+#include "ccl/fio/fio_clsid_list.h"
 #include "ccl/fio/fio_errc_codes.h"
 #include "ccl/fio/fio_extension_type_info.h"
 #include "ccl/fio/fio_file_bin.h"
