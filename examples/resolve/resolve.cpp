@@ -2,7 +2,8 @@
 //
 //     resolve --search-path "DIR;DIR;..." [--recursive] [--absolute-to DIR] [--all EXT,EXT] [--json] NAME...
 //
-// The exit status is 0 if every name was found, 1 if one was not, and 2 for arguments that make no sense.
+// The exit status is 0 if every name was found, 1 if one was not, and 2 for arguments that make no sense or an answer
+// that cannot be written.
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -18,6 +19,7 @@
 #include <vector>
 
 #include "ccl/fio/fio.h"
+#include "examples/common/output.h"
 #include "examples/common/table.h"
 #include "examples/common/vocabulary_texts.h"
 
@@ -202,9 +204,7 @@ int run(arguments const& given) {
   check(given, find);
   std::vector<answer> const answers = resolve(given, find);
   given.json ? print_json(answers) : print_table(answers);
-  if (!std::cout.flush()) {
-    throw std::runtime_error("the answer cannot be written");
-  }
+  require_written_output();
   bool const all = std::all_of(answers.begin(), answers.end(), [](answer const& row) { return row.found(); });
   return all ? all_found : not_all_found;
 }
@@ -230,7 +230,9 @@ int main(int count, char** values) try {
   try {
     app.parse(count, values);
   } catch (CLI::Success const& help) {
-    return app.exit(help);
+    app.exit(help);
+    require_written_output();
+    return all_found;
   }
   return run(given);
 } catch (boost::filesystem::filesystem_error const& error) {

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "ccl/fio/fio.h"
+#include "examples/common/output.h"
 #include "examples/common/table.h"
 #include "examples/common/vocabulary_texts.h"
 
@@ -384,9 +385,7 @@ int run(arguments const& given) {
   } else {
     write_text(sections);
   }
-  if (!std::cout.flush()) {
-    throw std::runtime_error("the vocabulary cannot be written");
-  }
+  require_written_output();
   return picked.types.empty() ? nothing_picked : written;
 }
 
@@ -404,7 +403,9 @@ int main(int count, char** values) try {
   try {
     app.parse(count, values);
   } catch (CLI::Success const& help) {
-    return app.exit(help);
+    app.exit(help);
+    require_written_output();
+    return written;
   }
   return run(given);
 } catch (std::exception const& error) {

@@ -3,7 +3,7 @@
 //     workspace --design DIR --into DIR
 //
 // The scratch project must not exist yet. It is left as the last step leaves it, for a look at it. The exit status is 0,
-// or 1 if a step failed, or 2 for arguments that make no sense.
+// or 1 if a step failed or its words cannot be written, or 2 for arguments that make no sense.
 
 #include <sys/stat.h>
 #include <utime.h>
@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "ccl/fio/fio.h"
+#include "examples/common/output.h"
 
 namespace {
 
@@ -106,6 +107,7 @@ void run(std::string const& design, std::string const& into) {
   std::string const source = into + "/rtl/top.v";
   std::cout << "Asked to clean a file: ";
   clean_directories(source);
+  require_written_output();
 }
 
 // Whether a path, which need not exist, lies in a directory: one of the directories above it is that directory.
@@ -139,7 +141,9 @@ int main(int count, char** values) try {
   try {
     app.parse(count, values);
   } catch (CLI::Success const& help) {
-    return app.exit(help);
+    app.exit(help);
+    require_written_output();
+    return done;
   } catch (CLI::ParseError const& error) {
     return fail(bad_arguments, error.what());
   }
