@@ -24,6 +24,7 @@
 #include "tests/support/path_texts.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
+#include "tests/support/walks.h"
 
 namespace {
 
@@ -55,20 +56,6 @@ constexpr std::time_t untouched_time = 0x5a5a5a5a5a5a5a5a;
 bool is_untouched(_finddata_t const& entry) {
   _finddata_t const expected = untouched();
   return std::memcmp(&entry, &expected, sizeof entry) == 0;
-}
-
-// The names that a walk reports, in the order in which it does.
-strings walked(std::string const& filespec) {
-  strings names;
-  _finddata_t entry;
-  long const handle = FIO_FILE_SYSTEM::findfirst(filespec.c_str(), &entry);
-  if (handle != -1) {
-    do {
-      names.emplace_back(entry.name);
-    } while (FIO_FILE_SYSTEM::findnext(handle, &entry) == 0);
-  }
-  FIO_FILE_SYSTEM::findclose(handle);
-  return names;
 }
 
 // The doubles of a directory whose stream delivers `names` in this order. All entries are there, except those that are
@@ -366,7 +353,7 @@ TEST_F(find_handle, links_report_what_they_lead_to) {
 
 TEST_F(find_handle, a_walk_passes_over_links_that_lead_nowhere) {
   m_tree.draw({"xf", "xlink -> xf", "xdangling -> nowhere", "xloop -> xloop"});
-  EXPECT_EQ(sorted(walked(m_tree.path("x?"))), (strings{"xf", "xlink"}));
+  EXPECT_EQ(found_names(m_tree.path("x?")), (strings{"xf", "xlink"}));
 }
 
 TEST_F(find_handle, what_is_missing_is_not_found_and_leaves_the_record_alone) {
@@ -797,13 +784,13 @@ TEST_F(find_handle, the_whole_text_of_an_entry_is_compared) {
       {"sub\\x?", {}},
   };
   for (auto const& row : rows) {
-    EXPECT_EQ(sorted(walked(row.filespec)), sorted(row.names)) << row.filespec;
+    EXPECT_EQ(found_names(row.filespec), sorted(row.names)) << row.filespec;
   }
 }
 
 TEST_F(find_handle, a_prefix_finds_the_longer_names_in_the_directory_too) {
   m_tree.draw({"dir/abc", "dir/abcd", "dir/ab", "dir/xabc"});
-  EXPECT_EQ(sorted(walked(m_tree.path("dir/ab?"))), (strings{"abc", "abcd"}));
+  EXPECT_EQ(found_names(m_tree.path("dir/ab?")), (strings{"abc", "abcd"}));
 }
 
 TEST_F(find_handle, a_backslash_is_part_of_a_name) {
@@ -819,7 +806,7 @@ TEST_F(find_handle, nothing_is_found_directly_under_the_root) {
     _finddata_t entry;
     EXPECT_EQ(FIO_FILE_SYSTEM::findfirst(filespec, &entry), -1) << filespec;
   }
-  strings const names = sorted(walked("//*"));
+  strings const names = found_names("//*");
   EXPECT_TRUE(std::binary_search(names.begin(), names.end(), "..")) << "a second separator makes a directory";
 }
 
@@ -842,7 +829,7 @@ TEST_F(find_handle, an_entry_whose_name_holds_a_metacharacter_is_not_reported) {
       {"?*?*?*?*r", {"s_x_r"}},
   };
   for (auto const& row : rows) {
-    EXPECT_EQ(sorted(walked(m_tree.path(row.filespec))), row.names) << row.filespec;
+    EXPECT_EQ(found_names(m_tree.path(row.filespec)), row.names) << row.filespec;
     EXPECT_EQ(open_streams(), 0) << row.filespec;
   }
 }
@@ -850,7 +837,7 @@ TEST_F(find_handle, an_entry_whose_name_holds_a_metacharacter_is_not_reported) {
 TEST_F(find_handle, a_metacharacter_cannot_be_asked_for) {
   m_tree.draw({"one/s*r", "two/s?r", "d?/f", "three/s*r", "three/sr"});
   for (char const* const filespec : {"one/s*r", "one/*", "two/s?r", "one/s\\*r", "d?/f", "d?/*"}) {
-    strings names = sorted(walked(m_tree.path(filespec)));
+    strings names = found_names(m_tree.path(filespec));
     names.erase(std::remove_if(names.begin(), names.end(), [](auto const& name) { return name[0] == '.'; }),
                 names.end());
     EXPECT_EQ(names, strings{}) << filespec;
@@ -868,7 +855,7 @@ TEST_F(find_handle, names_of_255_bytes_are_found_whole) {
   _finddata_t entry = untouched();
   EXPECT_EQ(FIO_FILE_SYSTEM::findfirst(m_tree.path("d/" + longest).c_str(), &entry), 0);
   EXPECT_EQ(entry.name, longest);
-  EXPECT_EQ(sorted(walked(m_tree.path("d/n*"))), (strings{repeated(254, 'n'), longest}));
+  EXPECT_EQ(found_names(m_tree.path("d/n*")), (strings{repeated(254, 'n'), longest}));
   EXPECT_EQ(walked(m_tree.path("d/" + repeated(254, 'n') + '?')), strings{longest});
 }
 
@@ -890,8 +877,8 @@ TEST_F(find_handle, an_entry_whose_whole_text_is_too_long_is_passed_over) {
       expected.push_back(repeated(length));
     }
   }
-  EXPECT_EQ(sorted(walked(directory + "/*")), sorted(expected));
-  EXPECT_EQ(sorted(walked(directory + "/x?")), (strings{repeated(21), repeated(22)}));
+  EXPECT_EQ(found_names(directory + "/*"), sorted(expected));
+  EXPECT_EQ(found_names(directory + "/x?"), (strings{repeated(21), repeated(22)}));
 
   // A pattern that only names of 23 bytes and more match finds nothing.
   _finddata_t entry;
@@ -905,7 +892,7 @@ TEST_F(find_handle, the_longest_directory_leaves_room_for_one_byte_of_name) {
   for (std::string const& entry : {std::string("a"), std::string("bb"), repeated(255)}) {
     m_tree.make_file(name + '/' + entry);
   }
-  EXPECT_EQ(sorted(walked(directory + "/*")), (strings{".", "a"}));
+  EXPECT_EQ(found_names(directory + "/*"), (strings{".", "a"}));
   EXPECT_EQ(walked(directory + "/**"), strings{});
 }
 
@@ -935,7 +922,7 @@ TEST_F(find_handle, entries_may_be_removed_during_their_walk) {
   } while (FIO_FILE_SYSTEM::findnext(handle, &entry) == 0);
   EXPECT_EQ(FIO_FILE_SYSTEM::findclose(handle), 1);
   EXPECT_EQ(sorted(found), expected);
-  EXPECT_EQ(sorted(walked(m_tree.path("d/*"))), (strings{".", "..", "kept"}));
+  EXPECT_EQ(found_names(m_tree.path("d/*")), (strings{".", "..", "kept"}));
 }
 
 TEST_F(find_handle, a_directory_that_is_removed_during_its_walk_has_no_more_entries) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <set>
@@ -16,6 +15,7 @@
 #include "ccl/fio/fio_path.h"
 #include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
+#include "tests/support/current_directory.h"
 #include "tests/support/ever_more_memory.h"
 #include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
@@ -27,35 +27,6 @@ using std::string_literals::operator""s;
 using texts = std::vector<std::string>;
 
 char const* const current_directory = "/w/x";
-
-char* tell(std::string const& directory, char* buffer, unsigned long size) {
-  if (directory.size() >= size) {
-    return nullptr;
-  }
-  std::memcpy(buffer, directory.c_str(), directory.size() + 1);
-  return buffer;
-}
-
-void pretend_current_directory(std::string const& directory) {
-  platform_double::replaced().osi_getcwd = [directory](char* buffer, unsigned long size) {
-    return tell(directory, buffer, size);
-  };
-}
-
-// A current directory that is another one each time it is read.
-void pretend_current_directories(texts const& directories) {
-  platform_double::replaced().osi_getcwd = [directories, reads = 0u](char* buffer, unsigned long size) mutable {
-    return tell(directories.at(reads++), buffer, size);
-  };
-}
-
-// The call fails and leaves something in the buffer, which nobody may look at.
-void pretend_unreadable_current_directory() {
-  platform_double::replaced().osi_getcwd = [](char* buffer, unsigned long) -> char* {
-    std::strcpy(buffer, "/junk");
-    return nullptr;
-  };
-}
 
 class path_comparison : public fio_test {
 protected:

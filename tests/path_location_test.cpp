@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ccl/fio/fio_path.h"
+#include "tests/support/current_directory.h"
 #include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
@@ -24,25 +25,6 @@ namespace {
 class path_location : public fio_test {};
 
 using texts = std::vector<std::string>;
-
-// A current directory as the system would tell it, whatever the real one is.
-void pretend_current_directory(std::string const& directory) {
-  platform_double::replaced().osi_getcwd = [directory](char* buffer, unsigned long size) -> char* {
-    if (directory.size() >= size) {
-      return nullptr;
-    }
-    std::memcpy(buffer, directory.c_str(), directory.size() + 1);
-    return buffer;
-  };
-}
-
-// The call fails and leaves something in the buffer, which nobody may look at.
-void pretend_unreadable_current_directory() {
-  platform_double::replaced().osi_getcwd = [](char* buffer, unsigned long) -> char* {
-    std::strcpy(buffer, "/junk");
-    return nullptr;
-  };
-}
 
 std::string absolute_text(std::string const& text, std::string const& directory) {
   FIO_PATH path(text);

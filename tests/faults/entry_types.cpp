@@ -26,6 +26,7 @@
 #include "tests/faults/namespaces.h"
 #include "tests/faults/trees.h"
 #include "tests/support/platform_double.h"
+#include "tests/support/walks.h"
 
 using namespace faults;
 using files = FIO_FILE_SYSTEM;

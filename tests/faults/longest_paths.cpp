@@ -22,6 +22,7 @@
 #include "tests/faults/trees.h"
 #include "tests/support/paths.h"
 #include "tests/support/text.h"
+#include "tests/support/walks.h"
 
 using namespace faults;
 namespace fs = std::filesystem;

@@ -16,6 +16,7 @@
 #include "tests/faults/case.h"
 #include "tests/faults/cases.h"
 #include "tests/faults/trees.h"
+#include "tests/support/walks.h"
 
 using namespace faults;
 using files = FIO_FILE_SYSTEM;

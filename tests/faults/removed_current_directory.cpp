@@ -15,6 +15,7 @@
 #include "tests/faults/case.h"
 #include "tests/faults/cases.h"
 #include "tests/faults/trees.h"
+#include "tests/support/walks.h"
 
 using namespace faults;
 

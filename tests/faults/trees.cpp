@@ -9,7 +9,6 @@
 #include <fstream>
 #include <iterator>
 
-#include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/fio_iterator.h"
 #include "tests/support/platform_double.h"
 
@@ -61,20 +60,6 @@ lines listed(std::string const& directory, bool with_state) {
 lines drawing(std::string const& directory) { return listed(directory, false); }
 
 lines snapshot(std::string const& directory) { return listed(directory, true); }
-
-lines found_names(std::string const& filespec) {
-  lines names;
-  _finddata_t entry;
-  long const handle = FIO_FILE_SYSTEM::findfirst(filespec.c_str(), &entry);
-  if (handle != -1) {
-    do {
-      names.emplace_back(entry.name);
-    } while (FIO_FILE_SYSTEM::findnext(handle, &entry) == 0);
-  }
-  FIO_FILE_SYSTEM::findclose(handle);
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 template <typename Iterator>
 lines iterated(std::string const& directory) {

@@ -21,9 +21,6 @@ lines drawing(std::string const& directory);
 /// A drawing with all that a change leaves behind: modes, numbers of links and the times of the last modification.
 lines snapshot(std::string const& directory);
 
-/// The names that `findfirst` and `findnext` deliver, sorted.
-lines found_names(std::string const& filespec);
-
 /// The paths that an iterator delivers, sorted. A directory ends in a separator.
 template <typename Iterator>
 lines iterated(std::string const& directory);
