@@ -22,4 +22,4 @@ for program in $programs; do
 done
 gcovr --root . --filter ccl/fio/ --exclude-unreachable-branches \
   --json build/coverage/report.json --html-details build/coverage/report.html build/coverage
-exec python3 scripts/coverage_report.py build/coverage/report.json tests/coverage/unreached_branches.txt
+exec python3 tests/coverage/report.py build/coverage/report.json tests/coverage/unreached_branches.txt

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Asks whether the tests would notice a mistake: makes small ones in the library, one at a time, and runs the tests over
-# each. Installs what is missing, on Debian, as root or through sudo. The options are those of mutate.py; the last line
-# is the sum: "mutation: N mutants, K killed, E cannot be seen, S survive: P % killed".
+# each. Installs what is missing, on Debian, as root or through sudo. The options are those of tests/mutation/mutate.py;
+# the last line is the sum: "mutation: N mutants, K killed, E cannot be seen, S survive: P % killed".
 
 . "$(dirname -- "$0")/common.sh"
 
@@ -14,4 +14,4 @@ case " $* " in
   build asan
   ;;
 esac
-exec /usr/bin/python3 -B "$repository/scripts/mutate.py" "$@"
+exec /usr/bin/python3 -B "$repository/tests/mutation/mutate.py" "$@"

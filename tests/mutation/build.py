@@ -13,8 +13,8 @@ import signal
 import subprocess
 import time
 
-REPOSITORY = pathlib.Path(__file__).resolve().parent.parent
-SANDBOX = pathlib.Path(__file__).with_name("mutate_sandbox.py")
+REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
+SANDBOX = pathlib.Path(__file__).with_name("sandbox.py")
 
 # The suites that a mistake in a file shows in first. All others follow.
 SUITES = {
@@ -23,6 +23,7 @@ SUITES = {
     "type_": ("vocabulary_queries", "dialog_filter"),
     "filter": ("dialog_filter",),
     "find": ("search_list", "searching"),
+    "search": ("find_handle", "searching", "recursive_removal"),
     "iterator": ("directory_iterator",),
     "bin": ("binary_stream",),
     "file_sys": ("file_system", "find_handle", "creating_and_copying", "recursive_removal", "temporary_files"),

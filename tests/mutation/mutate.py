@@ -13,9 +13,9 @@ import re
 import sys
 import threading
 
-from mutate_build import CAMPAIGNS, REPOSITORY, Failure, Original, Worker
-from mutate_report import counts, read_reasons, summary, write_report
-from mutate_rules import mutants_of
+from build import CAMPAIGNS, REPOSITORY, Failure, Original, Worker
+from report import counts, read_reasons, summary, write_report
+from rules import mutants_of
 
 WORK = REPOSITORY / "build/mutation"
 TEXTS = REPOSITORY / "tests/mutation"
@@ -43,7 +43,7 @@ class Results:
     def __init__(self, path):
         self.path = path
         self.all = json.loads(path.read_text(encoding="utf-8")) if path.exists() else {}
-        rules = REPOSITORY / "scripts/mutate_rules.py"
+        rules = REPOSITORY / "tests/mutation/rules.py"
         self.sources = digest_of([rules, *files_in("ccl")])
         self.tests = digest_of(files_in("tests"))
         self.digests = {str(file.relative_to(REPOSITORY)): digest_of([rules, file]) for file in files_in("ccl/fio")}

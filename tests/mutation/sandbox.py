@@ -1,4 +1,4 @@
-"""Runs a program where it can do no harm: usage: mutate_sandbox.py REPOSITORY SECONDS MEBIBYTES PROGRAM [ARGUMENT...]
+"""Runs a program where it can do no harm: usage: sandbox.py REPOSITORY SECONDS MEBIBYTES PROGRAM [ARGUMENT...]
 
 Everything on the machine is read-only to the program but /tmp, where it starts, and /dev/shm. These are file systems in
 memory of its own that go with it, as do all processes that it starts. The repository, where the program is, can be read
