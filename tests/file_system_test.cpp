@@ -1341,6 +1341,45 @@ TEST_F(file_system, same_file_agrees_with_its_rules_on_long_texts) {
   EXPECT_GT(matches, 20'000);
 }
 
+// Pieces that are cut out of the name mostly fit it somewhere, and often only nearly.
+TEST_F(file_system, same_file_agrees_with_its_rules_on_names_of_ten_thousand_bytes) {
+  std::minstd_rand random(20240301);
+  auto const below = [&random](std::size_t bound) { return static_cast<std::size_t>(random()) % bound; };
+  int matches = 0;
+  for (int round = 0; round != 200; ++round) {
+    std::string name(10'000, 'a');
+    for (std::size_t changes = below(40); changes != 0; --changes) {
+      name[below(name.size())] = "ab?\xff"[below(4)];
+    }
+    std::string pattern = below(2) == 0 ? "*" : "";
+    std::size_t place = below(2) == 0 ? 0 : below(9'000);
+    for (std::size_t pieces = 1 + below(4); pieces != 0; --pieces) {
+      std::string piece = name.substr(place, below(3) == 0 ? below(700) : below(5));
+      for (std::size_t changes = below(3); changes != 0 && !piece.empty(); --changes) {
+        piece[below(piece.size())] = "b?"[below(2)];
+      }
+      pattern += piece + (pieces != 1 || below(2) == 0 ? "*" : "");
+      place = std::min(place + piece.size() + below(1'000), name.size());
+    }
+    bool const expected = same_file_by_the_rules(name, pattern);
+    matches += expected ? 1 : 0;
+    ASSERT_EQ(F::same_file(name.c_str(), pattern.c_str()), expected) << name << " against " << pattern;
+  }
+  EXPECT_GT(matches, 20);
+  EXPECT_LT(matches, 180);
+}
+
+// The work grows with the sum of the lengths and not with their product, which no test would live to see the end of.
+TEST_F(file_system, same_file_walks_a_long_run_of_equal_letters_once) {
+  std::string const name = repeated(2'000'000, 'a');
+  std::string const run = repeated(1'000'000, 'a');
+  EXPECT_FALSE(F::same_file(name.c_str(), ('*' + run + 'b').c_str()));
+  EXPECT_FALSE(F::same_file(name.c_str(), ('*' + run + "b*").c_str()));
+  EXPECT_FALSE(F::same_file(name.c_str(), ("*b" + run + "*").c_str()));
+  EXPECT_TRUE(F::same_file((name + 'b').c_str(), ('*' + run + 'b').c_str()));
+  EXPECT_TRUE(F::same_file((name + "bc").c_str(), ('*' + run + "b*").c_str()));
+}
+
 TEST_F(file_system, same_file_walks_a_million_stars) {
   std::string const stars = repeated(1'000'000, '*');
   EXPECT_TRUE(F::same_file("x", stars.c_str()));

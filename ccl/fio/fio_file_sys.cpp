@@ -43,8 +43,52 @@ bool has_wildcard(char const* path) { return std::strpbrk(path, "*?") != nullptr
 
 bool is_legal_text(char const* path) { return fio_internal::is_legal_length(fio_internal::bounded_text(path).size()); }
 
-// Whether one byte of a pattern, which is no `*`, stands for a byte of a name, which is not its end.
-bool matches_byte(char pattern, char name) { return pattern == '?' || pattern == name; }
+// Whether one byte of a pattern, which is no `*`, stands for a byte of a name.
+bool matches_byte(char name, char pattern) { return pattern == name || (pattern == '?' && name != '\0'); }
+
+// Whether a name begins as a piece of a pattern without `*` does. It is read no further than its end.
+bool begins_with(char const* name, std::string_view piece) {
+  for (char const byte : piece) {
+    if (!matches_byte(*name++, byte)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// The first place in a text where a piece of a pattern without `*` fits, or null.
+char const* find_piece(std::string_view text, std::string_view piece) {
+  if (piece.find('?') == std::string_view::npos) {
+    return static_cast<char const*>(::memmem(text.data(), text.size(), piece.data(), piece.size()));
+  }
+  char const* const end = text.data() + text.size();
+  char const* const place = std::search(text.data(), end, piece.begin(), piece.end(), matches_byte);
+  return place != end ? place : nullptr;
+}
+
+// Whether a name fits a pattern that is a `*` and `rest`.
+bool matches_behind_star(char const* name, char const* rest) {
+  if (*rest == '\0') {
+    return true;
+  }
+  char const* const end = name + std::strlen(name);
+  // A piece that ends at another `*` is taken where it first fits, and leaves a byte of the name to that one.
+  do {
+    char const* const star = ::strchrnul(rest, '*');
+    std::string_view const piece = {rest, static_cast<std::size_t>(star - rest)};
+    std::size_t const left = static_cast<std::size_t>(end - name);
+    if (*star == '\0') {
+      return piece.size() <= left && begins_with(end - piece.size(), piece);
+    }
+    char const* const place = left != 0 ? find_piece({name, left - 1}, piece) : nullptr;
+    if (place == nullptr) {
+      return false;
+    }
+    name = place + piece.size();
+    rest = star + 1;
+  } while (*rest != '\0');
+  return true;
+}
 
 bool has_mode_bit(char const* path, mode_t bit) {
   struct stat buffer;
@@ -322,35 +366,21 @@ bool FIO_FILE_SYSTEM::exists(char const* path) {
 bool FIO_FILE_SYSTEM::exists(FIO_PATH const& path) { return exists(static_cast<char const*>(path)); }
 
 bool FIO_FILE_SYSTEM::same_file(char const* name, char const* pattern) {
-  // Up to the first `*` the pattern is a prefix. A `*` that is not at the very start is reached with name left only.
-  if (*pattern != '*') {
-    for (; *pattern != '*' || *name == '\0'; ++name, ++pattern) {
-      if (*pattern == '\0') {
-        return true;
-      }
-      if (*name == '\0' || !matches_byte(*pattern, *name)) {
-        return false;
-      }
-    }
+  if (*pattern == '*') {
+    return matches_behind_star(name, pattern + 1);
   }
-  // Behind a `*` the text up to the next one is taken where it first fits, and the last text must end with the name.
-  char const* rest = pattern + 1;
-  while (*name != '\0') {
-    std::size_t fitting = 0;
-    while (name[fitting] != '\0' && rest[fitting] != '*' && matches_byte(rest[fitting], name[fitting])) {
-      ++fitting;
-    }
-    if (name[fitting] == '\0') {
-      return rest[fitting] == '\0';
-    }
-    if (rest[fitting] == '*') {
-      name += fitting;
-      rest += fitting + 1;
-    } else {
-      ++name;
-    }
+  // Most names that do not fit differ at once.
+  if (!matches_byte(*name, *pattern)) {
+    return *pattern == '\0';
   }
-  return *rest == '\0';
+  // Up to the first `*` the pattern is a prefix. The `*` is reached with name left only.
+  char const* const star = ::strchrnul(pattern, '*');
+  std::string_view const prefix = {pattern, static_cast<std::size_t>(star - pattern)};
+  if (std::strncmp(name, prefix.data(), prefix.size()) != 0 && !begins_with(name, prefix)) {
+    return false;
+  }
+  name += prefix.size();
+  return *star == '\0' || (*name != '\0' && matches_behind_star(name, star + 1));
 }
 
 // Path texts
