@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "ccl/fio/fio_find.h"
+#include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
 #include "tests/support/ever_more_memory.h"
 #include "tests/support/path_texts.h"
@@ -219,6 +220,90 @@ TEST_F(searching, find_first_takes_the_paths_of_a_list_as_they_are) {
     EXPECT_EQ(separator_of(result), row.result[0] == '\0' ? '/' : separator_of(row.directory));
     EXPECT_EQ(platform_double::calls(), checks_of(row.checks));
   }
+}
+
+// The paths that a search is to look for, made the plain way: a path for each directory, which takes on the name.
+text_list plain_checks(FIO_PATH const& directory, std::string const& name) {
+  text_list paths;
+  if (directory.is_legal_length()) {
+    paths.emplace_back(static_cast<char const*>(directory));
+    FIO_PATH candidate(directory);
+    candidate.filename(FIO_PATH(name).filename());
+    if (candidate.is_legal_length()) {
+      paths.emplace_back(static_cast<char const*>(candidate));
+    }
+  }
+  return checks_of(paths);
+}
+
+text_list all_texts(std::string const& alphabet, std::size_t longest) {
+  text_list all = {""};
+  for (std::size_t i = 0; i != all.size() && all[i].size() != longest; ++i) {
+    for (char character : alphabet) {
+      all.push_back(all[i] + character);
+    }
+  }
+  return all;
+}
+
+// Paths whose components and texts relate in every way that a path can be brought to.
+std::list<FIO_PATH> odd_directories() {
+  std::list<FIO_PATH> directories;
+  for (std::string const& text : all_texts("/\\.a", 3)) {
+    directories.emplace_back(text);
+    directories.emplace_back(text).path_separator('\\');
+    directories.emplace_back(text).path_separator('a');
+    directories.emplace_back(text).drive('C');
+    directories.emplace_back(text).base("b").extension(std::string("c"), std::string());
+    directories.emplace_back("x/y.z").directory(text + std::string("\0b", 2));
+  }
+  directories.emplace_back(directory_of(1020));
+  directories.emplace_back(directory_of(1020)).drive('C');
+  directories.emplace_back(directory_of(1023)).filename("ab");
+  // Memory that runs out can leave a path with a text that is older than its directory.
+  bool done = false;
+  for (long succeeding = 0; !done; ++succeeding) {
+    FIO_PATH& path = directories.emplace_back("/a/b.c");
+    allocation_failure const failing(succeeding + 1);
+    try {
+      path.directory(directory_of(100));
+      done = true;
+    } catch (std::bad_alloc const&) {
+    }
+  }
+  return directories;
+}
+
+TEST_F(searching, find_first_looks_for_what_each_directory_becomes_with_the_name) {
+  int turn = 0;
+  platform_double::replaced().osi_exists = [&turn](char const*) { return ++turn % 2; };
+  platform_double::record_calls(true);
+  text_list names = all_texts("/.a", 4);
+  names.insert(names.end(), {"a\\a.a", repeated(1023), repeated(1024), "a." + repeated(300), std::string("a\0b", 3)});
+  for (FIO_PATH const& directory : odd_directories()) {
+    FIO_FIND const find(std::list<FIO_PATH>{directory}, false);
+    for (std::string const& name : names) {
+      turn = 0;
+      platform_double::calls().clear();
+      EXPECT_EQ(find.find_first(name).fullpath(), "");
+      ASSERT_EQ(platform_double::calls(), plain_checks(directory, name)) << name;
+    }
+  }
+  EXPECT_EQ(messages(), text_list());
+}
+
+TEST_F(searching, find_first_allocates_for_the_first_directory_and_for_what_it_finds) {
+  std::string const folder = directory_of(100);
+  std::string const name = "a_name_that_no_string_holds_in_itself.txt";
+  auto const allocations = [&name](FIO_FIND const& find) {
+    allocation_failure const counting(1'000'000);
+    EXPECT_EQ(find.find_first(name).has_directory(), false);
+    return counting.asked_for();
+  };
+  platform_double::replaced().osi_exists = [&folder](char const* path) { return path == folder ? 1 : 0; };
+  long const once = allocations(FIO_FIND(std::list<FIO_PATH>(1, FIO_PATH(folder)), false));
+  EXPECT_LE(once, 2);
+  EXPECT_EQ(allocations(FIO_FIND(std::list<FIO_PATH>(50, FIO_PATH(folder)), false)), once);
 }
 
 TEST_F(searching, find_first_finds_whatever_exists) {

@@ -3,11 +3,12 @@
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 #include <cstring>
-#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/module.h"
+#include "ccl/fio/internal/path_text.h"
 #include "ccl/fio/internal/search.h"
 #include "ccl/stl/stl.h"
 
@@ -48,34 +49,45 @@ bool is_legal_and_exists(FIO_PATH const& directory) {
   return directory.is_legal_length() && FIO_FILE_SYSTEM::exists(directory);
 }
 
-// The path of a file of this name in a directory.
-std::optional<FIO_PATH> find_in(FIO_PATH const& directory, std::string const& filename) {
+// Whether a file of this name exists in a directory. The text that is looked for is made in `candidate`, whose room
+// serves one directory after the other.
+bool exists_in(FIO_PATH const& directory, std::string_view filename, std::string& candidate) {
   if (!is_legal_and_exists(directory)) {
-    return {};
+    return false;
   }
-  std::optional<FIO_PATH> candidate(directory);
-  candidate->filename(filename);
-  if (!is_legal_and_exists(*candidate)) {
-    candidate.reset();
+  if (directory.directory_path()) {
+    // Its text is what stands before the name.
+    candidate.assign(static_cast<char const*>(directory)).append(filename);
+  } else {
+    FIO_PATH path(directory);
+    path.filename(std::string(filename));
+    candidate = path.fullpath();
   }
-  return candidate;
+  return fio_internal::is_legal_length(candidate.size()) && FIO_FILE_SYSTEM::exists(candidate.c_str());
+}
+
+// The path of a file that was found in a directory.
+FIO_PATH found_in(FIO_FIND const& find, FIO_PATH directory, std::string_view filename) {
+  directory.filename(std::string(filename));
+  find.make_path_absolute_if_relative(&directory);
+  return directory;
 }
 
 // The first path of a file of this name over the search list, or in a directory relative to each element of it.
-FIO_PATH find_over_list(FIO_FIND const& find, std::string const& filename, std::string const& relative_directory) {
+FIO_PATH find_over_list(FIO_FIND const& find, std::string_view filename, std::string const& relative_directory) {
+  std::string candidate;
   for (FIO_PATH const& directory : find.m_search_list) {
-    std::optional<FIO_PATH> found;
     if (relative_directory.empty()) {
-      found = find_in(directory, filename);
+      if (exists_in(directory, filename, candidate)) {
+        return found_in(find, directory, filename);
+      }
     } else {
       FIO_PATH moved(directory);
       moved.cd(relative_directory);
       moved.become_simplified();
-      found = find_in(moved, filename);
-    }
-    if (found) {
-      find.make_path_absolute_if_relative(&*found);
-      return *std::move(found);
+      if (exists_in(moved, filename, candidate)) {
+        return found_in(find, std::move(moved), filename);
+      }
     }
   }
   return {};
@@ -248,7 +260,8 @@ std::string FIO_FIND::find(std::string const& name) const {
 }
 
 FIO_PATH FIO_FIND::find_first(std::string const& name) const {
-  return find_over_list(*this, FIO_PATH(name).filename(), std::string());
+  fio_internal::divided_path const parts = fio_internal::divide_path(name.c_str());
+  return find_over_list(*this, parts.name(), std::string());
 }
 
 FIO_PATH FIO_FIND::find_first_relative_path(FIO_PATH const& path) const {
