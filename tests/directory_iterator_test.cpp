@@ -625,6 +625,30 @@ TEST_F(directory_iterator, an_entry_is_the_directory_a_slash_and_the_name) {
   }
 }
 
+TEST_F(directory_iterator, a_name_may_lie_in_the_state_that_it_is_stored_in) {
+  FIO_DIRECTORY_ITERATOR_IMPL state("the_text_of_a_directory");
+  state.set_filename("the_name_of_an_entry", false);
+  state.set_filename(state.entry.path.c_str() + 10, true);
+  EXPECT_EQ(state.entry.path, "the_text_of_a_directory/f_a_directory/the_name_of_an_entry");
+  state.set_filename(state.directory.c_str() + 4, false);
+  EXPECT_EQ(state.entry.path, "the_text_of_a_directory/text_of_a_directory");
+}
+
+TEST_F(directory_iterator, entries_use_the_room_of_those_before_them) {
+  std::string const name = repeated(40, 'n');
+  m_tree.draw({(name + "/1" + name).c_str(), (name + "/2" + name).c_str(), (name + "/3" + name).c_str()});
+  FIO_RECURSIVE_DIRECTORY_ITERATOR walk(m_tree.root().c_str());
+  ++walk;
+  for (int step = 0; step != 2; ++step) {
+    std::string const before = walk->path;
+    allocation_failure const failing(1);
+    ++walk;
+    EXPECT_EQ(failing.asked_for(), 0);
+    EXPECT_EQ(walk->path.size(), before.size());
+  }
+  EXPECT_TRUE(++walk == FIO_RECURSIVE_DIRECTORY_ITERATOR());
+}
+
 TEST_F(directory_iterator, an_entry_derives_a_path_with_every_backslash_turned) {
   struct {
     char const* text;
@@ -730,16 +754,18 @@ TEST_F(directory_iterator, an_iterator_with_a_name_is_no_end_behind_a_loop_over_
 }
 
 TEST_F(directory_iterator, without_memory_for_the_next_entry_the_present_one_stays_whole) {
-  std::string const name = repeated(40, 'n');
-  m_tree.draw({(name + "-file").c_str(), (name + "-directory/").c_str()});
-  FIO_DIRECTORY_ITERATOR entries(m_tree.root().c_str());
-  FIO_DIRECTORY_ENTRY const first = *entries;
-  {
-    allocation_failure const failing(1);
-    EXPECT_THROW(++entries, std::bad_alloc);
+  unsigned char const types[][2] = {{DT_REG, DT_DIR}, {DT_DIR, DT_REG}};
+  for (auto const& [present, next] : types) {
+    replaced().readdir64 = told_entries({{repeated(40, 'n'), present}, {repeated(200, 'n'), next}});
+    FIO_DIRECTORY_ITERATOR entries(m_tree.root().c_str());
+    FIO_DIRECTORY_ENTRY const first = *entries;
+    {
+      allocation_failure const failing(1);
+      EXPECT_THROW(++entries, std::bad_alloc);
+    }
+    EXPECT_EQ(entries->path, first.path);
+    EXPECT_EQ(entries->is_directory, first.is_directory) << "the kind of an entry that was never reached";
   }
-  EXPECT_EQ(entries->path, first.path);
-  EXPECT_EQ(entries->is_directory, first.is_directory) << "the kind of an entry that was never reached";
 }
 
 TEST_F(directory_iterator, without_memory_for_an_entry_below_the_directory_stays_the_entry) {

@@ -1,5 +1,7 @@
 #include "ccl/fio/fio_iterator.h"
 
+#include <string_view>
+
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
@@ -10,6 +12,17 @@ MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
 // A single bit of the type byte and not one of its values.
 constexpr unsigned char directory_bit = 4;
+
+// Makes the entry with this name, which does not lie in the state, the present one. The room of the entry before it
+// is used again, and what may fail comes first.
+void store_entry(FIO_DIRECTORY_ITERATOR_IMPL& state, std::string_view name, bool is_directory) {
+  std::string& path = state.entry.path;
+  path.reserve(state.directory.size() + 1 + name.size());
+  path = state.directory;
+  path += '/';
+  path += name;
+  state.entry.is_directory = is_directory;
+}
 
 } // namespace
 
@@ -25,8 +38,7 @@ FIO_DIRECTORY_ITERATOR_IMPL::~FIO_DIRECTORY_ITERATOR_IMPL() {
 }
 
 void FIO_DIRECTORY_ITERATOR_IMPL::set_filename(char const* name, bool is_directory) {
-  entry.path = directory + '/' + name;
-  entry.is_directory = is_directory;
+  store_entry(*this, std::string(name), is_directory);
 }
 
 FIO_DIRECTORY_ITERATOR::FIO_DIRECTORY_ITERATOR(char const* path) {
@@ -51,15 +63,14 @@ void FIO_DIRECTORY_ITERATOR::increment() {
   if (m_impl == nullptr) {
     return;
   }
-  dirent64 const* found = nullptr;
-  do {
-    found = ::readdir64(m_impl->stream);
-  } while (found != nullptr && fio_internal::is_dot_name(found->d_name));
-  if (found == nullptr) {
-    m_impl.reset();
-    return;
+  while (dirent64 const* const found = ::readdir64(m_impl->stream)) {
+    std::string_view const name = found->d_name;
+    if (!fio_internal::is_dot_name(name)) {
+      store_entry(*m_impl, name, (found->d_type & directory_bit) != 0);
+      return;
+    }
   }
-  m_impl->set_filename(found->d_name, (found->d_type & directory_bit) != 0);
+  m_impl.reset();
 }
 
 FIO_RECURSIVE_DIRECTORY_ITERATOR::FIO_RECURSIVE_DIRECTORY_ITERATOR(char const* path) : FIO_DIRECTORY_ITERATOR(path) {}
