@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <climits>
 #include <cstring>
@@ -631,6 +632,36 @@ TEST_F(vocabulary_queries, each_extension_is_found_by_its_text_in_any_case_and_b
         EXPECT_EQ(fio_get_file_type(name), file_type_of(extension_by_hand(name)));
         EXPECT_EQ(fio_get_extension_type(name + '.'), FIO_EXTENSION_TYPE_INVALID);
         EXPECT_EQ(fio_get_extension_type(name + '/'), FIO_EXTENSION_TYPE_INVALID);
+      }
+    }
+  }
+}
+
+TEST_F(vocabulary_queries, every_short_text_is_looked_up_as_by_hand) {
+  texts all = {""};
+  for (std::size_t i = 0; i != all.size() && all[i].size() != 3; ++i) {
+    for (char const character : std::string("abcdefghijklmnopqrstuvwxyz0123456789_.A\0", 40)) {
+      all.push_back(all[i] + character);
+    }
+  }
+  ASSERT_EQ(all.size(), 1u + 40 + 1600 + 64000);
+  for (std::string const& text : all) {
+    ASSERT_EQ(fio_get_extension_type(text), extension_by_hand(text)) << text;
+    ASSERT_EQ(fio_get_extension_type("a." + text), extension_by_hand("a." + text)) << text;
+  }
+}
+
+TEST_F(vocabulary_queries, a_text_that_differs_from_an_extension_in_one_place_is_looked_up_as_by_hand) {
+  for (auto const& row : extensions) {
+    std::string const text = lower_case(row.text);
+    for (std::size_t place = 0; place <= text.size(); ++place) {
+      for (char const other : std::string("ax\0.\xff", 5)) {
+        std::string const inserted = text.substr(0, place) + other + text.substr(place);
+        std::string const changed = text.substr(0, place) + other + text.substr(std::min(place + 1, text.size()));
+        std::string const cut = text.substr(0, place);
+        for (std::string const& name : {inserted, changed, cut}) {
+          ASSERT_EQ(fio_get_extension_type(name), extension_by_hand(name)) << name;
+        }
       }
     }
   }

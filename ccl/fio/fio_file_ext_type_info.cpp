@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
@@ -15,6 +16,7 @@ namespace {
 
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
+using fio_tables::extension_key_table;
 using fio_tables::extension_row;
 using fio_tables::extension_row_count;
 using fio_tables::file_type_row;
@@ -39,15 +41,34 @@ extension_row const* first_row_for(short value) {
 
 bool is_default(extension_row const& row) { return (row.traits & FIO_EXTENSION_TYPE_FLAG_DEFAULT_EXTENSION) != 0; }
 
-// The first file type, other than the invalid one, that uses an extension, or that has it for its default.
-FIO_FILE_TYPE find_file_type(FIO_EXTENSION_TYPE extension_type, bool by_default) {
-  for (extension_row const* row = first_row_for(extension_type); row != end_of_extensions(); ++row) {
-    if (row->extension_type == extension_type && row->file_type != FIO_FILE_TYPE_INVALID &&
-        (!by_default || is_default(*row))) {
-      return row->file_type;
+// An extension, padded as those of the rows are, so that it is compared in one piece.
+using padded_extension = char[sizeof extension_row::extension];
+
+// Without a branch, so that the compiler compares several at a time.
+bool holds_key(std::uint32_t const (&block)[extension_key_table::block_size], std::uint32_t wanted) {
+  std::uint32_t found = 0;
+  for (std::uint32_t const key : block) {
+    found |= key == wanted ? 1 : 0;
+  }
+  return found != 0;
+}
+
+// The first row of an extension, or null.
+extension_row const* find_extension(padded_extension const& extension) {
+  std::uint32_t const key = fio_tables::extension_key(extension);
+  extension_row const* row = fio_extension_type_datas;
+  for (auto const& block : fio_tables::fio_extension_keys.blocks) {
+    if (!holds_key(block, key)) {
+      row += std::size(block);
+      continue;
+    }
+    for (std::size_t i = 0; i != std::size(block) && row != end_of_extensions(); ++i, ++row) {
+      if (std::memcmp(row->extension, extension, sizeof extension) == 0) {
+        return row;
+      }
     }
   }
-  return FIO_FILE_TYPE_INVALID;
+  return nullptr;
 }
 
 template <std::size_t size>
@@ -119,8 +140,20 @@ char const* fio_get_extension_string(FIO_EXTENSION_TYPE extension_type) {
 }
 
 FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type) {
-  FIO_FILE_TYPE const by_default = find_file_type(extension_type, true);
-  return by_default != FIO_FILE_TYPE_INVALID ? by_default : find_file_type(extension_type, false);
+  if (extension_type == FIO_EXTENSION_TYPE_INVALID) {
+    return FIO_FILE_TYPE_INVALID;
+  }
+  // The first file type that has the extension for its default, or else the first that uses it.
+  FIO_FILE_TYPE first = FIO_FILE_TYPE_INVALID;
+  for (extension_row const* row = first_row_for(extension_type); row != end_of_extensions(); ++row) {
+    if (row->extension_type == extension_type) {
+      if (is_default(*row)) {
+        return row->file_type;
+      }
+      first = first != FIO_FILE_TYPE_INVALID ? first : row->file_type;
+    }
+  }
+  return first;
 }
 
 // By name or identifier
@@ -132,18 +165,14 @@ FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name) {
     return FIO_EXTENSION_TYPE_INVALID;
   }
   stl_tolower(text);
-  // Padded as the rows are, the text is compared in one piece; a NUL of its own must not pass for padding.
-  char padded[sizeof extension_row::extension] = {};
-  if (text.size() >= sizeof padded) {
+  padded_extension padded = {};
+  // A NUL at the end of the text must not pass for padding; no row has one before that.
+  if (text.empty() || text.size() >= sizeof padded || text.back() == '\0') {
     return FIO_EXTENSION_TYPE_INVALID;
   }
   text.copy(padded, text.size());
-  for (extension_row const& row : fio_extension_type_datas) {
-    if (std::memcmp(row.extension, padded, sizeof padded) == 0 && text == row.extension) {
-      return row.extension_type;
-    }
-  }
-  return FIO_EXTENSION_TYPE_INVALID;
+  extension_row const* const row = find_extension(padded);
+  return row != nullptr ? row->extension_type : FIO_EXTENSION_TYPE_INVALID;
 }
 
 FIO_FILE_TYPE fio_get_file_type(std::string const& name) { return fio_get_file_type(fio_get_extension_type(name)); }

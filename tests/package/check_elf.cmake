@@ -33,7 +33,7 @@ refuse("${segments}" "GNU_STACK[^\n]* RWE")
 
 # A table in .rodata has no relocation: the section is never written to.
 output_of(symbols ${NM} -C ${LIBRARY})
-foreach(table fio_file_type_datas fio_extension_type_datas fio_editor_type_to_string fio_file_type_traits_to_string
+foreach(table fio_file_type_datas fio_extension_type_datas fio_extension_keys fio_editor_type_to_string fio_file_type_traits_to_string
               fio_extension_type_traits_to_string)
   expect("${symbols}" " [rR] fio_tables::${table}\n")
 endforeach()

@@ -898,6 +898,33 @@ struct file_type_row {
 inline constexpr std::size_t file_type_count = std::size(rows::file_types);
 inline constexpr std::size_t extension_row_count = std::size(fio_extension_type_datas);
 
+/// The first characters behind the dot of an extension that is padded as those of the rows are, as one number.
+constexpr std::uint32_t extension_key(char const (&extension)[sizeof extension_row::extension]) {
+  std::uint32_t key = 0;
+  for (std::size_t i = 1; i <= sizeof key; ++i) {
+    key = key << 8 | static_cast<unsigned char>(extension[i]);
+  }
+  return key;
+}
+
+/// The keys of the extension rows, in the order of the rows: a walk over the rows reads them, and no row but those that
+/// share a key. They are read by blocks, of which the last one is filled up.
+struct extension_key_table {
+  static constexpr std::size_t block_size = 16;
+  static constexpr std::size_t block_count = (extension_row_count + block_size - 1) / block_size;
+  std::uint32_t blocks[block_count][block_size];
+};
+
+constexpr extension_key_table pack_extension_keys() {
+  extension_key_table table = {};
+  for (std::size_t i = 0; i != extension_row_count; ++i) {
+    table.blocks[i / table.block_size][i % table.block_size] = extension_key(fio_extension_type_datas[i].extension);
+  }
+  return table;
+}
+
+inline constexpr extension_key_table fio_extension_keys = pack_extension_keys();
+
 constexpr std::size_t size_of_descriptions() {
   std::size_t size = 0;
   for (file_type_source const& source : rows::file_types) {
@@ -984,6 +1011,16 @@ constexpr bool each_extension_type_has_one_text_with_a_dot() {
   return true;
 }
 static_assert(each_extension_type_has_one_text_with_a_dot());
+
+constexpr bool no_file_type_uses_the_invalid_extension() {
+  for (extension_row const& row : fio_extension_type_datas) {
+    if (row.extension_type == FIO_EXTENSION_TYPE_INVALID && row.file_type != FIO_FILE_TYPE_INVALID) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(no_file_type_uses_the_invalid_extension());
 
 constexpr bool traits_and_editors_are_known() {
   for (extension_row const& row : fio_extension_type_datas) {
