@@ -55,14 +55,13 @@ bool exists_in(FIO_PATH const& directory, std::string_view filename, std::string
   if (!is_legal_and_exists(directory)) {
     return false;
   }
-  if (directory.directory_path()) {
-    // Its text is what stands before the name.
-    candidate.assign(static_cast<char const*>(directory)).append(filename);
-  } else {
+  if (!directory.directory_path()) {
     FIO_PATH path(directory);
     path.filename(std::string(filename));
-    candidate = path.fullpath();
+    return is_legal_and_exists(path);
   }
+  // Its text is what stands before the name.
+  candidate.assign(static_cast<char const*>(directory)).append(filename);
   return fio_internal::is_legal_length(candidate.size()) && FIO_FILE_SYSTEM::exists(candidate.c_str());
 }
 
