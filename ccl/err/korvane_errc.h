@@ -68,6 +68,8 @@ public:
 
 protected:
   KORVANE_ERRC() = default;
+
+  /// For `clone`.
   KORVANE_ERRC(KORVANE_ERRC const&) = default;
 };
 

@@ -36,6 +36,8 @@ public:
 
   /// The error, which stays here.
   T const& operator*() const { return *m_error; }
+
+  /// The same, for its members.
   T const* operator->() const { return m_error.get(); }
 
 private:

@@ -21,11 +21,11 @@
 #include "ccl/fio/fio_export.h"
 
 /// A class identifier.
-struct _GUID { // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
-  std::uint32_t Data1;
-  std::uint16_t Data2;
-  std::uint16_t Data3;
-  std::uint8_t Data4[8];
+struct _GUID {           // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
+  std::uint32_t Data1;   ///< the first field of the text form
+  std::uint16_t Data2;   ///< the second field
+  std::uint16_t Data3;   ///< the third field
+  std::uint8_t Data4[8]; ///< the last two fields, byte by byte
 };
 
 static_assert(sizeof(_GUID) == 16, "an identifier is compared and stored as 16 bytes");

@@ -23,6 +23,8 @@ class basic_format;
 } // namespace boost
 
 /// The base of this library's errors: it holds the message, which has one line when made.
+///
+/// @copydetails fio_errc_codes.h
 class FIO_EXPORT FIO_ERRC : public KORVANE_ERRC {
 public:
   /// Takes the finished text of a format object for the one line of the message.
@@ -43,6 +45,7 @@ public:
   KORVANE_ERROR_MESSAGE message() const override;
 
 protected:
+  /// A copy of the message. For `clone`.
   FIO_ERRC(FIO_ERRC const&) = default;
 
 private:
@@ -54,24 +57,30 @@ namespace FIO::ERRC {
 /// A path that should name a directory does not.
 class FIO_EXPORT NOT_A_DIRECTORY_ERRC final : public FIO_ERRC {
 public:
+  /// The format, with the path as its argument.
   static constexpr char const* format_text() { return "The given path \"%s\" is not a valid directory."; }
   using FIO_ERRC::FIO_ERRC;
+
   std::unique_ptr<KORVANE_ERRC> clone() const override;
 };
 
 /// A directory cannot be listed.
 class FIO_EXPORT FAILED_TO_OPEN_DIRECTORY_ERRC final : public FIO_ERRC {
 public:
+  /// The format, with the path as its argument.
   static constexpr char const* format_text() { return "Failed to open \"%s\" as a directory."; }
   using FIO_ERRC::FIO_ERRC;
+
   std::unique_ptr<KORVANE_ERRC> clone() const override;
 };
 
 /// A directory cannot be removed.
 class FIO_EXPORT FAILED_TO_REMOVE_DIRECTORY_ERRC final : public FIO_ERRC {
 public:
+  /// The format, with the path as its argument.
   static constexpr char const* format_text() { return "Failed to remove directory \"%s\"."; }
   using FIO_ERRC::FIO_ERRC;
+
   std::unique_ptr<KORVANE_ERRC> clone() const override;
 };
 

@@ -14,7 +14,7 @@
 ///     out << 0x12345678 << static_cast<short>(-2);   => 78 56 34 12 fe ff
 ///
 /// The signed and the unsigned type of one width have the same bytes. The other types of the language are not on this
-/// stream; some of them convert to one that is, so write what is meant by its own type. (`out << 'a'` is one byte,
+/// stream; some of them convert to one that is, so write what is meant by its own type. (``out << 'a'`` is one byte,
 /// `out << true` is the four of an `int`.)
 ///
 /// @par Failure
@@ -39,36 +39,40 @@
 ///
 /// After a read that failed the target has no useful value, but that of a `char`, which is as it was: it has what could
 /// be read in its low bytes, and anything in the others.
+///
+/// @copydetails fio_file_bin.h
 class FIO_BIN_IFILE {
 public:
   /// Reads from `input`, which must outlive this object and is not touched yet.
   explicit FIO_BIN_IFILE(std::istream& input) : stream(input) {}
 
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(char& value);
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(short& value);
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(unsigned short& value);
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(int& value);
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(unsigned int& value);
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(long& value);
-  FIO_EXPORT FIO_BIN_IFILE& operator>>(unsigned long& value);
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(char& value);           ///< Reads 1 byte.
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(short& value);          ///< Reads 2 bytes.
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(unsigned short& value); ///< Reads 2 bytes.
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(int& value);            ///< Reads 4 bytes.
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(unsigned int& value);   ///< Reads 4 bytes.
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(long& value);           ///< Reads 8 bytes.
+  FIO_EXPORT FIO_BIN_IFILE& operator>>(unsigned long& value);  ///< Reads 8 bytes.
 
 private:
   std::istream& stream;
 };
 
 /// Writes integers to a binary stream.
+///
+/// @copydetails fio_file_bin.h
 class FIO_BIN_OFILE {
 public:
   /// Writes to `output`, which must outlive this object and is not touched yet.
   explicit FIO_BIN_OFILE(std::ostream& output) : stream(output) {}
 
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(char value);
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(short value);
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(unsigned short value);
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(int value);
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(unsigned int value);
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(long value);
-  FIO_EXPORT FIO_BIN_OFILE& operator<<(unsigned long value);
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(char value);           ///< Writes 1 byte.
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(short value);          ///< Writes 2 bytes.
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(unsigned short value); ///< Writes 2 bytes.
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(int value);            ///< Writes 4 bytes.
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(unsigned int value);   ///< Writes 4 bytes.
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(long value);           ///< Writes 8 bytes.
+  FIO_EXPORT FIO_BIN_OFILE& operator<<(unsigned long value);  ///< Writes 8 bytes.
 
 private:
   std::ostream& stream;

@@ -101,8 +101,14 @@ FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(_GUID const& clsid);
 /// The text of exactly this value. Unlike the other queries these answer null for a value that has none, such as a
 /// combination of bits.
 /// @{
+
+/// The name of an editor, such as "Text Files", or null.
 FIO_EXPORT char const* fio_get_editor_type_string(FIO_EDITOR_TYPE editor_type);
+
+/// The name of a trait of file types, such as "Design Files", or null.
 FIO_EXPORT char const* fio_get_file_type_trait_string(FIO_FILE_TYPE_FLAG trait);
+
+/// The name of a trait of extension types, or null.
 FIO_EXPORT char const* fio_get_extension_type_trait_string(FIO_EXTENSION_TYPE_FLAG trait);
 /// @}
 

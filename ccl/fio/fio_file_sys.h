@@ -55,6 +55,8 @@ struct _finddata_t {       // NOLINT(bugprone-reserved-identifier): the name is 
 };
 
 /// The operations on files, directories and path texts.
+///
+/// @copydetails fio_file_sys.h
 class FIO_FILE_SYSTEM {
 public:
   explicit FIO_FILE_SYSTEM() = delete;
@@ -103,9 +105,17 @@ public:
   /// The system's `rename`: an existing target is replaced as one step, and a target on another file system is a
   /// failure. True on success.
   /// @{
+
+  /// Renames a file or a directory.
   FIO_EXPORT static bool posix_rename(char const* from, char const* to);
+
+  /// The same as `posix_rename`.
   FIO_EXPORT static bool rename(char const* from, char const* to);
+
+  /// The same with strings.
   FIO_EXPORT static bool rename(std::string const& from, std::string const& to);
+
+  /// The same with paths.
   FIO_EXPORT static bool rename(FIO_PATH const& from, FIO_PATH const& to);
   /// @}
 
@@ -113,11 +123,23 @@ public:
   /// The system's `remove`, of a file or an empty directory. True on success. A null pointer answers false without a
   /// call, but for `posix_remove`, which passes it on. A symbolic link goes itself; what it leads to stays.
   /// @{
+
+  /// Removes a file or an empty directory. False, without a call, for null.
   FIO_EXPORT static bool remove(char const* path);
+
+  /// The same with a string.
   FIO_EXPORT static bool remove(std::string const& path);
+
+  /// The same with a path.
   FIO_EXPORT static bool remove(FIO_PATH const& path);
+
+  /// The same as `remove`.
   FIO_EXPORT static bool native_remove(char const* path);
+
+  /// The same, but null is passed on to the system, which fails.
   FIO_EXPORT static bool posix_remove(char const* path);
+
+  /// The same as `remove` with a string.
   FIO_EXPORT static bool unc_native_remove(std::string const& path);
 
   /// Removes what is there: true as well if `exists` says that nothing is.
@@ -130,7 +152,11 @@ public:
 
   /// `osi_status`: fills `*buffer` and answers true, or answers false.
   FIO_EXPORT static bool status(char const* path, struct stat* buffer);
+
+  /// The same with a string.
   FIO_EXPORT static bool status(std::string const& path, struct stat* buffer);
+
+  /// The same with a path.
   FIO_EXPORT static bool status(FIO_PATH const& path, struct stat* buffer);
 
   /// Whether the mode has the bit 0x4000. Directories have it, and so do block devices and sockets. False on failure.
@@ -148,6 +174,8 @@ public:
   /// that matches, which may throw `std::bad_alloc`. False, without a system call, for null and for 1024 characters or
   /// more.
   FIO_EXPORT static bool exists(char const* path);
+
+  /// The same with a path.
   FIO_EXPORT static bool exists(FIO_PATH const& path);
 
   /// Whether `name` matches `pattern`: the one wildcard test of the library.

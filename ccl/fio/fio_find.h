@@ -49,6 +49,8 @@
 #include "ccl/fio/fio_path.h"
 
 /// A search over a list of directories. Not copied: it may own an open directory.
+///
+/// @copydetails fio_find.h
 class FIO_FIND {
 public:
   /// @name Making the lists

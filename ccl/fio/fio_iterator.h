@@ -69,6 +69,8 @@ public:
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // nobody owns an iterator by a pointer to its base
 
 /// Walks one directory.
+///
+/// @copydetails fio_iterator.h
 class FIO_EXPORT FIO_DIRECTORY_ITERATOR
     : public boost::iterators::iterator_facade<FIO_DIRECTORY_ITERATOR, FIO_DIRECTORY_ENTRY,
                                                boost::iterators::single_pass_traversal_tag, FIO_DIRECTORY_ENTRY&,
@@ -97,6 +99,8 @@ private:
 };
 
 /// Walks a tree.
+///
+/// @copydetails fio_iterator.h
 class FIO_EXPORT FIO_RECURSIVE_DIRECTORY_ITERATOR : public FIO_DIRECTORY_ITERATOR {
 public:
   /// The end of every tree.
@@ -105,7 +109,10 @@ public:
   /// Opens the top directory and stands at its first entry, or at the end.
   explicit FIO_RECURSIVE_DIRECTORY_ITERATOR(char const* path);
 
+  /// Shares the open directories and the entry.
   FIO_RECURSIVE_DIRECTORY_ITERATOR(FIO_RECURSIVE_DIRECTORY_ITERATOR const&) = default;
+
+  /// Shares the open directories and the entry.
   FIO_RECURSIVE_DIRECTORY_ITERATOR& operator=(FIO_RECURSIVE_DIRECTORY_ITERATOR const&) = default;
 
   /// Moves to the next entry of the tree: the first one below a directory, and otherwise the next one of this level.
@@ -126,9 +133,17 @@ private:
 /// An iterator stands for what it still has to deliver. The range is walked by a copy: an iterator with a name is not
 /// to be used any more behind the loop.
 /// @{
+
+/// A copy of `iterator`.
 inline FIO_DIRECTORY_ITERATOR begin(FIO_DIRECTORY_ITERATOR const& iterator) { return iterator; }
+
+/// The end of every directory.
 inline FIO_DIRECTORY_ITERATOR end(FIO_DIRECTORY_ITERATOR const& /*iterator*/) { return {}; }
+
+/// A copy of `iterator`.
 inline FIO_RECURSIVE_DIRECTORY_ITERATOR begin(FIO_RECURSIVE_DIRECTORY_ITERATOR const& iterator) { return iterator; }
+
+/// The end of every tree.
 inline FIO_RECURSIVE_DIRECTORY_ITERATOR end(FIO_RECURSIVE_DIRECTORY_ITERATOR const& /*iterator*/) { return {}; }
 /// @}
 

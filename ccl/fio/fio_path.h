@@ -54,6 +54,8 @@ class stack_path;
 } // namespace fio_internal
 
 /// A file or directory name, in components and as one text.
+///
+/// @copydetails fio_path.h
 class FIO_PATH {
 public:
   /// The components, as single bits: one of them for `make_path`, any combination for `get_path_components`.
@@ -268,9 +270,10 @@ public:
   /// Removes the extension with its dot.
   FIO_EXPORT FIO_PATH& no_extension();
 
-  /// @name Setting an extension of up to two parts
-  /// A part is an extension type, whose text is taken from the vocabulary, or a text, which is given a leading dot if
-  /// it has none. `FIO_EXTENSION_TYPE_ANY` and the empty text stand for no part; an unknown type is a part with an
+  /// Sets an extension of up to two parts.
+  ///
+  /// A part is an extension type, whose text is taken from the vocabulary, or a string, which is given a leading dot if
+  /// it has none. `FIO_EXTENSION_TYPE_ANY` and the empty string stand for no part; an unknown type is a part with an
   /// empty text. Without a first part the extension is removed, whatever the second one is.
   ///
   ///     "a/b/c.txt", "h", ""                          => "a/b/c.h"
@@ -278,12 +281,16 @@ public:
   ///     "a/b/c.txt", "", ".gz"                        => "a/b/c"
   ///     "a/b/c.txt", FIO_EXTENSION_TYPE_VHD, ""       => "a/b/c.vhd"
   ///     "a/b/c.txt", FIO_EXTENSION_TYPE_INVALID, ""   => "a/b/c."
-  /// @{
   FIO_EXPORT FIO_PATH& extension(FIO_EXTENSION_TYPE first, FIO_EXTENSION_TYPE second);
+
+  /// The same with a string as the second part.
   FIO_EXPORT FIO_PATH& extension(FIO_EXTENSION_TYPE first, std::string const& second);
+
+  /// The same with a string as the first part.
   FIO_EXPORT FIO_PATH& extension(std::string const& first, FIO_EXTENSION_TYPE second);
+
+  /// The same with two strings.
   FIO_EXPORT FIO_PATH& extension(std::string const& first, std::string const& second);
-  /// @}
 
   /// Changes this path's separator, in the directory too. With a separator other than `/` and `\` the text has a `/`
   /// behind the directory all the same.
@@ -407,14 +414,22 @@ public:
   /// on the right.
   /// @{
 
+  /// Whether the two file names are the same and the two paths, simplified and anchored, are too.
   FIO_EXPORT bool operator==(FIO_PATH const& other) const;
+
+  /// The same with the path of a string on the right.
   FIO_EXPORT bool operator==(std::string const& other) const;
 
   /// The exact opposite of `==`.
   FIO_EXPORT bool operator!=(FIO_PATH const& other) const;
+
+  /// The exact opposite of `==`, with the path of a string on the right.
   FIO_EXPORT bool operator!=(std::string const& other) const;
 
+  /// Whether this path, simplified and anchored, stands before the other one in the order of their bytes.
   FIO_EXPORT bool operator<(FIO_PATH const& other) const;
+
+  /// The same with the path of a string on the right.
   FIO_EXPORT bool operator<(std::string const& other) const;
 
   /// How this platform compares names: `strcmp`, case and all. Below 0, 0 or above 0.

@@ -1,0 +1,49 @@
+# Makes the reference by DOXYGEN from what a fresh clone of SOURCE holds, in the folder WORK, and looks at what a reader
+# sees of it.
+
+function(expect text pattern)
+  if(NOT "${text}" MATCHES "${pattern}")
+    message(SEND_ERROR "expected, but not there: ${pattern}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE ${WORK})
+foreach(name README.md CONTRIBUTING.md CHANGELOG.md SECURITY.md docs ccl)
+  file(COPY ${SOURCE}/${name} DESTINATION ${WORK})
+endforeach()
+execute_process(COMMAND ${DOXYGEN} docs/Doxyfile WORKING_DIRECTORY ${WORK} COMMAND_ERROR_IS_FATAL ANY)
+set(pages ${WORK}/build/docs)
+
+# Links of the main page lead to pages.
+file(READ ${pages}/index.html main_page)
+string(REGEX MATCHALL "href=\"[^\"]*\"" links "${main_page}")
+list(FILTER links EXCLUDE REGEX "\"(https?:|#)")
+foreach(link IN LISTS links)
+  string(REGEX REPLACE "href=\"([^#\"]*).*" "\\1" target "${link}")
+  if(NOT EXISTS ${pages}/${target})
+    message(SEND_ERROR "dead on the main page: ${link}")
+  endif()
+endforeach()
+expect("${main_page}" "href=\"fio__path_8h\\.html\"")
+
+# A header is included by its path from the root.
+file(GLOB class_pages ${pages}/class*.html ${pages}/struct*.html)
+foreach(page IN LISTS class_pages)
+  file(STRINGS ${page} includes REGEX "#include &lt;")
+  foreach(include IN LISTS includes)
+    expect("${include}" "#include &lt;(<a [^>]*>)?ccl/")
+  endforeach()
+endforeach()
+
+# The class has the description of its header, and each of its functions stands in a named group.
+file(READ ${pages}/classFIO__PATH.html path_page)
+expect("${path_page}" "#include &lt;<a [^>]*>ccl/fio/fio_path\\.h</a>&gt;")
+string(REGEX MATCH "<a name=\"details\".*" details "${path_page}")
+expect("${details}" "Separators.*Length.*Failure.*Thread safety")
+string(FIND "${path_page}" "name=\"pub-methods\"" functions)
+string(SUBSTRING "${path_page}" ${functions} -1 functions)
+string(FIND "${functions}" "groupHeader" first_group)
+string(FIND "${functions}" "memitem:" first_function)
+if(first_function LESS first_group)
+  message(SEND_ERROR "a function of FIO_PATH stands outside the groups")
+endif()
