@@ -16,5 +16,6 @@
 #include "ccl/fio/fio_iterator.h"
 #include "ccl/fio/fio_path.h"
 #include "ccl/fio/fio_types.h"
+#include "ccl/fio/fio_version.h"
 
 #endif
