@@ -266,7 +266,7 @@ TEST_F(class_identifiers, a_text_that_cannot_be_stored_is_a_failure) {
     {
       allocation_failure const failing(1);
       try {
-        fio_clsid_to_str(VFC_CLSID_TED_DEFAULT_DOC, format);
+        (void)fio_clsid_to_str(VFC_CLSID_TED_DEFAULT_DOC, format);
       } catch (std::bad_alloc const&) {
         thrown = true;
       }

@@ -22,6 +22,7 @@
 #include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
 #include "tests/support/path_texts.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 #include "tests/support/walks.h"
@@ -40,8 +41,8 @@ static_assert(offsetof(_finddata_t, attrib) == 0 && offsetof(_finddata_t, time_c
 static_assert(offsetof(_finddata_t, time_access) == 16 && offsetof(_finddata_t, time_write) == 24);
 static_assert(offsetof(_finddata_t, size) == 32 && offsetof(_finddata_t, name) == 40);
 
-static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::findfirst), long (*)(char const*, _finddata_t*)>);
-static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::findnext), int (*)(long, _finddata_t*)>);
+static_assert(has_type<long (*)(char const*, _finddata_t*)>(&FIO_FILE_SYSTEM::findfirst));
+static_assert(has_type<int (*)(long, _finddata_t*)>(&FIO_FILE_SYSTEM::findnext));
 static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::findclose), int (*)(long)>);
 
 // A record in which every byte is one that no operation writes.
@@ -171,7 +172,7 @@ TEST_F(find_handle, the_entry_is_looked_up_by_the_calls_of_the_system) {
   };
   for (auto const& row : rows) {
     _finddata_t entry;
-    EXPECT_EQ(calls_of([&] { FIO_FILE_SYSTEM::findfirst(row.path.c_str(), &entry); }), row.calls);
+    EXPECT_EQ(calls_of([&] { (void)FIO_FILE_SYSTEM::findfirst(row.path.c_str(), &entry); }), row.calls);
   }
 }
 
@@ -320,7 +321,7 @@ TEST_F(find_handle, the_attribute_is_told_in_a_walk_as_well) {
     EXPECT_EQ(entry.time_create, untouched_time);
     EXPECT_EQ(entry.time_access, untouched_time);
     entry = untouched();
-    FIO_FILE_SYSTEM::findnext(handle, &entry);
+    (void)FIO_FILE_SYSTEM::findnext(handle, &entry);
   }
   EXPECT_EQ(FIO_FILE_SYSTEM::findclose(handle), 1);
 }
@@ -391,7 +392,7 @@ TEST_F(find_handle, a_null_text_is_refused_like_a_string_made_of_it) {
   std::string reason;
   strings const calls = calls_of([&] {
     try {
-      FIO_FILE_SYSTEM::findfirst(nullptr, &entry);
+      (void)FIO_FILE_SYSTEM::findfirst(nullptr, &entry);
     } catch (std::logic_error const& error) {
       reason = error.what();
     }
@@ -550,7 +551,7 @@ TEST_F(find_handle, a_walk_whose_record_cannot_be_stored_leaves_its_stream_open)
   strings const calls = calls_of([&] {
     allocation_failure const failing(1);
     try {
-      FIO_FILE_SYSTEM::findfirst("d/*", &entry);
+      (void)FIO_FILE_SYSTEM::findfirst("d/*", &entry);
     } catch (std::bad_alloc const&) {
       thrown = true;
     }

@@ -18,6 +18,7 @@
 #include "ccl/osi/osi.h"
 #include "tests/support/allocation_failure.h"
 #include "tests/support/calls.h"
+#include "tests/support/paths.h"
 #include "tests/support/platform_double.h"
 #include "tests/support/scratch.h"
 
@@ -30,7 +31,7 @@ char const* const none = nullptr;
 using makepath_form = void (*)(char*, char const*, char const*, char const*, char const*);
 using splitpath_into_buffers = bool (*)(char const*, char*, char*, char*, char*);
 using splitpath_into_strings = bool (*)(char const*, std::string&, std::string&, std::string&, std::string&);
-static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::makepath), makepath_form>);
+static_assert(has_type<makepath_form>(&FIO_FILE_SYSTEM::makepath));
 static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::tolower), std::string (*)(std::string const&)>);
 static_assert(std::is_same_v<decltype(fio_get_unc_full_path), std::string(char const*)>);
 // These compile where the forms are declared exactly so.
@@ -439,7 +440,7 @@ TEST_F(path_text_tools, the_full_network_path_is_copied_before_its_record_is_rel
 TEST_F(path_text_tools, a_full_network_path_that_is_not_known_is_a_logic_error_and_keeps_its_record) {
   answer_full_path(nullptr);
   try {
-    fio_get_unc_full_path("a");
+    (void)fio_get_unc_full_path("a");
     FAIL() << "no exception";
   } catch (std::logic_error const& error) {
     EXPECT_EQ(typeid(error), typeid(std::logic_error));
@@ -471,7 +472,7 @@ TEST_F(path_text_tools, a_full_network_path_that_cannot_be_stored_keeps_its_reco
   platform_double::replaced().osi_path_free = [&released](OSI_PATH*) { ++released; };
   {
     allocation_failure const failure(1);
-    EXPECT_THROW(fio_get_unc_full_path("a"), std::bad_alloc);
+    EXPECT_THROW((void)fio_get_unc_full_path("a"), std::bad_alloc);
   }
   EXPECT_EQ(released, 0);
   EXPECT_EQ(fio_get_unc_full_path("a"), text);

@@ -1172,8 +1172,8 @@ TEST_F(searching, an_exception_of_the_layers_below_leaves_the_matches) {
   EXPECT_THROW(find.find_all("none", {"v"}, &matches, false, true), std::bad_alloc);
   platform_double::replaced().osi_exists = [](char const*) -> int { throw std::bad_alloc(); };
   EXPECT_THROW(find.find_all("1", {"v"}, &matches, false, true), std::bad_alloc);
-  EXPECT_THROW(find.find_first("1.v"), std::bad_alloc);
-  EXPECT_THROW(find.find_first_relative_path("s/1.v"), std::bad_alloc);
+  EXPECT_THROW((void)find.find_first("1.v"), std::bad_alloc);
+  EXPECT_THROW((void)find.find_first_relative_path("s/1.v"), std::bad_alloc);
   EXPECT_EQ(texts(matches), text_list{"former"});
 }
 
@@ -1189,9 +1189,10 @@ TEST_F(searching, memory_that_runs_out_closes_the_directories_and_leaves_the_mat
             2);
   EXPECT_EQ(matches.front().fullpath(), "former");
   for (std::string const name : {"3.v", "a_name_longer_than_a_short_text.v"}) {
-    EXPECT_EQ(streams_left_open_without_memory([&] { find.find(name); }, [](bool) {}), 0);
-    EXPECT_EQ(streams_left_open_without_memory([&] { find.find_first(name); }, [](bool) {}), 0);
-    EXPECT_EQ(streams_left_open_without_memory([&] { find.find_first_relative_path("../b/" + name); }, [](bool) {}), 0);
+    EXPECT_EQ(streams_left_open_without_memory([&] { (void)find.find(name); }, [](bool) {}), 0);
+    EXPECT_EQ(streams_left_open_without_memory([&] { (void)find.find_first(name); }, [](bool) {}), 0);
+    EXPECT_EQ(
+        streams_left_open_without_memory([&] { (void)find.find_first_relative_path("../b/" + name); }, [](bool) {}), 0);
   }
 }
 

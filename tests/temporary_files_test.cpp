@@ -79,8 +79,8 @@ namespace {
 using platform_double::replaced;
 using strings = std::vector<std::string>;
 
-static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::get_tmp_path), std::string (*)(char const*)>);
-static_assert(std::is_same_v<decltype(&FIO_FILE_SYSTEM::remove_temp_files), bool (*)(char const*, int, char const*)>);
+static_assert(has_type<std::string (*)(char const*)>(&FIO_FILE_SYSTEM::get_tmp_path));
+static_assert(has_type<bool (*)(char const*, int, char const*)>(&FIO_FILE_SYSTEM::remove_temp_files));
 
 constexpr std::uint64_t thread_factor = 0xf78daea9e4c87399;
 constexpr std::uint64_t time_factor = 0xa651cd391142cc1f;
@@ -638,7 +638,7 @@ TEST_F(temporary_files, names_opened_exclusively_are_never_doubled) {
 }
 
 TEST_F(temporary_files, a_wildcard_in_the_directory_is_asked_about_as_one) {
-  strings const calls = calls_of([] { FIO_FILE_SYSTEM::get_tmp_path("no such directory */x"); });
+  strings const calls = calls_of([] { (void)FIO_FILE_SYSTEM::get_tmp_path("no such directory */x"); });
   EXPECT_EQ(calls, strings{"opendir(no such directory *)"});
 }
 
@@ -646,7 +646,7 @@ TEST_F(temporary_files, memory_that_runs_out_leaves_no_descriptor_and_removes_no
   enter(m_tree);
   m_tree.draw({"a directory with a name that needs memory/keep"});
   std::string const directory = "a directory with a name that needs memory/";
-  with_ever_more_memory([&] { FIO_FILE_SYSTEM::get_tmp_path(directory.c_str()); }, [](bool /*enough*/) {});
+  with_ever_more_memory([&] { (void)FIO_FILE_SYSTEM::get_tmp_path(directory.c_str()); }, [](bool /*enough*/) {});
   DIR* newest = nullptr;
   replaced().opendir = [&newest](char const* path) { return newest = opendir_of_the_system(path); };
   int const streams = platform_double::open_streams();

@@ -726,8 +726,8 @@ TEST_F(vocabulary_queries, a_query_by_name_folds_the_dotted_text_and_asks_nothin
     SCOPED_TRACE(each.name);
     platform_double::reset();
     platform_double::record_calls(true);
-    fio_get_extension_type(each.name);
-    fio_get_file_type(each.name);
+    (void)fio_get_extension_type(each.name);
+    (void)fio_get_file_type(each.name);
     texts twice = each.calls;
     twice.insert(twice.end(), each.calls.begin(), each.calls.end());
     EXPECT_EQ(platform_double::calls(), twice);
@@ -1262,22 +1262,22 @@ TEST_F(vocabulary_queries, the_queries_by_type_ask_for_no_memory) {
   {
     allocation_failure const failing(1);
     for (int const value : values) {
-      fio_get_file_type_name(file_type(value));
-      fio_get_file_description(file_type(value));
-      fio_get_editor_type(file_type(value));
-      fio_test_trait_of(file_type(value), FIO_FILE_TYPE_FLAG_DESIGN_FILES);
-      FIO_FILE_TYPE_INFO::get_editor_type(file_type(value));
-      FIO_FILE_TYPE_INFO::is_design_file(file_type(value));
-      fio_get_default_extension_type(file_type(value));
-      fio_get_default_extension_string(file_type(value));
-      fio_get_extension_string(extension_type(value));
-      fio_get_file_type(extension_type(value));
-      fio_get_editor_type_string(editor_type(static_cast<std::uint32_t>(value)));
-      fio_get_file_type_trait_string(file_type_flag(static_cast<std::uint32_t>(value)));
-      fio_get_extension_type_trait_string(extension_type_flag(static_cast<std::uint32_t>(value)));
+      (void)fio_get_file_type_name(file_type(value));
+      (void)fio_get_file_description(file_type(value));
+      (void)fio_get_editor_type(file_type(value));
+      (void)fio_test_trait_of(file_type(value), FIO_FILE_TYPE_FLAG_DESIGN_FILES);
+      (void)FIO_FILE_TYPE_INFO::get_editor_type(file_type(value));
+      (void)FIO_FILE_TYPE_INFO::is_design_file(file_type(value));
+      (void)fio_get_default_extension_type(file_type(value));
+      (void)fio_get_default_extension_string(file_type(value));
+      (void)fio_get_extension_string(extension_type(value));
+      (void)fio_get_file_type(extension_type(value));
+      (void)fio_get_editor_type_string(editor_type(static_cast<std::uint32_t>(value)));
+      (void)fio_get_file_type_trait_string(file_type_flag(static_cast<std::uint32_t>(value)));
+      (void)fio_get_extension_type_trait_string(extension_type_flag(static_cast<std::uint32_t>(value)));
     }
     for (auto const& each : vocabulary::classes) {
-      fio_get_file_type(*each.clsid);
+      (void)fio_get_file_type(*each.clsid);
     }
     asked_for = failing.asked_for();
   }
@@ -1290,15 +1290,15 @@ TEST_F(vocabulary_queries, memory_that_runs_out_leaves_a_query_by_name_as_an_exc
   auto const nothing = [](bool) {};
   for (std::string const& name : {with_extension, bare}) {
     SCOPED_TRACE(name);
-    EXPECT_GT(with_ever_more_memory([&] { fio_get_extension_type(name); }, nothing), 0);
-    EXPECT_GT(with_ever_more_memory([&] { fio_get_file_type(name); }, nothing), 0);
-    EXPECT_GT(with_ever_more_memory([&] { FIO_EXTENSION_TYPE_INFO::get_extension_type(name); }, nothing), 0);
-    EXPECT_GT(with_ever_more_memory([&] { FIO_FILE_TYPE_INFO::get_file_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { (void)fio_get_extension_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { (void)fio_get_file_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { (void)FIO_EXTENSION_TYPE_INFO::get_extension_type(name); }, nothing), 0);
+    EXPECT_GT(with_ever_more_memory([&] { (void)FIO_FILE_TYPE_INFO::get_file_type(name); }, nothing), 0);
   }
   // A text of up to 15 characters, as all extensions are, is stored in the string itself.
   FIO_FILE_TYPE const type = FIO_FILE_TYPE_VERILOG_HDL_FILE;
-  EXPECT_EQ(with_ever_more_memory([&] { FIO_FILE_TYPE_INFO::get_file_type_name(type); }, nothing), 1);
-  EXPECT_EQ(with_ever_more_memory([&] { FIO_FILE_TYPE_INFO::get_file_description(type); }, nothing), 1);
+  EXPECT_EQ(with_ever_more_memory([&] { (void)FIO_FILE_TYPE_INFO::get_file_type_name(type); }, nothing), 1);
+  EXPECT_EQ(with_ever_more_memory([&] { (void)FIO_FILE_TYPE_INFO::get_file_description(type); }, nothing), 1);
 }
 
 namespace {

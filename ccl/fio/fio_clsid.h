@@ -49,14 +49,14 @@ enum FIO_CLSID_FORMAT : int {
 ///
 /// @return the identifier, or `FIO_CLSID_NULL` for a text that is not one; the text of `FIO_CLSID_NULL` itself gives
 ///         the same answer. Nothing is reported.
-FIO_EXPORT _GUID fio_str_to_clsid(std::string const& text);
+[[nodiscard]] FIO_EXPORT _GUID fio_str_to_clsid(std::string const& text);
 
 /// Writes an identifier in one of its two text forms, with lower-case digits and every field in its full width.
 ///
 /// @param clsid  the identifier
 /// @param format one of the two enumerators; any other value is a mistake with undefined behaviour
 /// @throws std::bad_alloc when the text cannot be stored
-FIO_EXPORT std::string fio_clsid_to_str(_GUID const& clsid, FIO_CLSID_FORMAT format);
+[[nodiscard]] FIO_EXPORT std::string fio_clsid_to_str(_GUID const& clsid, FIO_CLSID_FORMAT format);
 
 /// The identifier of no class: 16 zero bytes.
 extern FIO_EXPORT _GUID const FIO_CLSID_NULL;

@@ -8,9 +8,6 @@
 ///     std::unique_ptr<FIO_ERRC> error = make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>(path);
 ///     error->message().m_lines[0].m_text   => The given path "/tmp/x" is not a valid directory.
 ///
-/// A reader turns a message into one text by walking its lines: before each line whose depth is not 0 stand a line feed
-/// and as many tabs as the depth.
-///
 /// @par Thread safety
 /// An error belongs to whoever holds its pointer and does not change once made. Any thread may make one. A thread
 /// checker may complain of two that make their first at once: the C++ library fills a cache of characters there

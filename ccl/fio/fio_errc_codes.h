@@ -2,6 +2,17 @@
 /// The errors of this library as results: `FIO_ERRC` and its codes, for those who receive and read them. Those who make
 /// errors include `fio_errc.h`, which brings the format library with it.
 ///
+/// A pointer that is set is a failure, so `if (error)` has the opposite sense of a `bool` result of the file operations.
+/// `message()` returns a copy: give it a name before taking a pointer into it.
+///
+/// One text of all lines has a line feed and as many tabs as the depth before each line whose depth is not 0:
+///
+///     KORVANE_ERROR_MESSAGE const message = error->message();
+///     std::string text;
+///     for (KORVANE_ERROR_MESSAGE::LINE const& line : message.m_lines) {
+///       text.append(line.m_indent != 0, '\n').append(static_cast<std::size_t>(line.m_indent), '\t').append(line.m_text);
+///     }
+///
 /// @par Thread safety
 /// An error belongs to whoever holds its pointer and does not change once made.
 

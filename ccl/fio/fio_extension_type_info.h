@@ -25,16 +25,16 @@ public:
                                                  long ignored);
 
   /// `fio_get_default_extension_type`
-  FIO_EXPORT static FIO_EXTENSION_TYPE get_default_extension_type(FIO_FILE_TYPE file_type);
+  [[nodiscard]] FIO_EXPORT static FIO_EXTENSION_TYPE get_default_extension_type(FIO_FILE_TYPE file_type);
 
   /// `fio_get_extension_string`
-  FIO_EXPORT static std::string get_extension_string(FIO_EXTENSION_TYPE extension_type);
+  [[nodiscard]] FIO_EXPORT static std::string get_extension_string(FIO_EXTENSION_TYPE extension_type);
 
   /// `fio_get_extension_type`
-  FIO_EXPORT static FIO_EXTENSION_TYPE get_extension_type(std::string const& name);
+  [[nodiscard]] FIO_EXPORT static FIO_EXTENSION_TYPE get_extension_type(std::string const& name);
 
   /// `fio_get_file_type` by extension type
-  FIO_EXPORT static FIO_FILE_TYPE get_file_type(FIO_EXTENSION_TYPE extension_type);
+  [[nodiscard]] FIO_EXPORT static FIO_FILE_TYPE get_file_type(FIO_EXTENSION_TYPE extension_type);
 };
 
 /// The entry of a file dialog for one extension: its pattern, under the name of the file type that
@@ -52,6 +52,6 @@ public:
 /// Any thread.
 /// @par Complexity
 /// Three walks over the vocabulary at most.
-FIO_EXPORT std::string fio_get_extension_type_filter(FIO_EXTENSION_TYPE extension_type, bool plural);
+[[nodiscard]] FIO_EXPORT std::string fio_get_extension_type_filter(FIO_EXTENSION_TYPE extension_type, bool plural);
 
 #endif

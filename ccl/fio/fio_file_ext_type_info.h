@@ -40,37 +40,37 @@ extern FIO_EXPORT char const* fio_empty_result_value;
 /// @{
 
 /// The name that people see, such as "VHDL File"; empty for an unknown type.
-FIO_EXPORT char const* fio_get_file_type_name(FIO_FILE_TYPE file_type);
+[[nodiscard]] FIO_EXPORT char const* fio_get_file_type_name(FIO_FILE_TYPE file_type);
 
 /// "Other" for a type with the trait `FIO_FILE_TYPE_FLAG_OTHER_FILES`, otherwise its name.
-FIO_EXPORT char const* fio_get_file_description(FIO_FILE_TYPE file_type);
+[[nodiscard]] FIO_EXPORT char const* fio_get_file_description(FIO_FILE_TYPE file_type);
 
 /// The editor that opens files of the type; none for an unknown type.
-FIO_EXPORT FIO_EDITOR_TYPE fio_get_editor_type(FIO_FILE_TYPE file_type);
+[[nodiscard]] FIO_EXPORT FIO_EDITOR_TYPE fio_get_editor_type(FIO_FILE_TYPE file_type);
 
 /// Whether the type has any of the traits in `flag`; false for an unknown type.
-FIO_EXPORT bool fio_test_trait_of(FIO_FILE_TYPE file_type, FIO_FILE_TYPE_FLAG flag);
+[[nodiscard]] FIO_EXPORT bool fio_test_trait_of(FIO_FILE_TYPE file_type, FIO_FILE_TYPE_FLAG flag);
 
 /// The extension that a new file of the type is given: the first one marked as default, or
 /// `FIO_EXTENSION_TYPE_INVALID` if there is none.
-FIO_EXPORT FIO_EXTENSION_TYPE fio_get_default_extension_type(FIO_FILE_TYPE file_type);
+[[nodiscard]] FIO_EXPORT FIO_EXTENSION_TYPE fio_get_default_extension_type(FIO_FILE_TYPE file_type);
 
 /// The text of that extension with its dot; "." if there is none.
-FIO_EXPORT char const* fio_get_default_extension_string(FIO_FILE_TYPE file_type);
+[[nodiscard]] FIO_EXPORT char const* fio_get_default_extension_string(FIO_FILE_TYPE file_type);
 /// @}
 
 /// @name By extension type
 /// @{
 
 /// The text with its leading dot: ".vhd", and "." for `FIO_EXTENSION_TYPE_INVALID`; empty for an unknown value.
-FIO_EXPORT char const* fio_get_extension_string(FIO_EXTENSION_TYPE extension_type);
+[[nodiscard]] FIO_EXPORT char const* fio_get_extension_string(FIO_EXTENSION_TYPE extension_type);
 
 /// The file type that the extension stands for: the first one of which it is the default extension, otherwise the
 /// first one that uses it, otherwise `FIO_FILE_TYPE_INVALID`.
 ///
 ///     FIO_EXTENSION_TYPE_V      => FIO_FILE_TYPE_VERILOG_HDL_FILE, of three types
 ///     FIO_EXTENSION_TYPE_HTML   => FIO_FILE_TYPE_HTML_FILE, though not its default
-FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type);
+[[nodiscard]] FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type);
 /// @}
 
 /// @name By name or identifier
@@ -85,16 +85,16 @@ FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type);
 ///
 /// Of two types with one text the lower one is the answer. The texts with two dots or with capital letters cannot be
 /// reached by name.
-FIO_EXPORT FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name);
+[[nodiscard]] FIO_EXPORT FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name);
 
 /// The file type of that extension type.
-FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(std::string const& name);
+[[nodiscard]] FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(std::string const& name);
 
 /// The first file type of a document class; `FIO_FILE_TYPE_INVALID` if no type has it.
 ///
 ///     VFC_CLSID_TED_DEFAULT_DOC   => FIO_FILE_TYPE_TEXT_FILE, of six types
 ///     FIO_CLSID_NULL              => FIO_FILE_TYPE_IMAGE_FILE: the first type without a class, the invalid one aside
-FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(_GUID const& clsid);
+[[nodiscard]] FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(_GUID const& clsid);
 /// @}
 
 /// @name Texts of editors and traits
@@ -103,13 +103,13 @@ FIO_EXPORT FIO_FILE_TYPE fio_get_file_type(_GUID const& clsid);
 /// @{
 
 /// The name of an editor, such as "Text Files", or null.
-FIO_EXPORT char const* fio_get_editor_type_string(FIO_EDITOR_TYPE editor_type);
+[[nodiscard]] FIO_EXPORT char const* fio_get_editor_type_string(FIO_EDITOR_TYPE editor_type);
 
 /// The name of a trait of file types, such as "Design Files", or null.
-FIO_EXPORT char const* fio_get_file_type_trait_string(FIO_FILE_TYPE_FLAG trait);
+[[nodiscard]] FIO_EXPORT char const* fio_get_file_type_trait_string(FIO_FILE_TYPE_FLAG trait);
 
 /// The name of a trait of extension types, or null.
-FIO_EXPORT char const* fio_get_extension_type_trait_string(FIO_EXTENSION_TYPE_FLAG trait);
+[[nodiscard]] FIO_EXPORT char const* fio_get_extension_type_trait_string(FIO_EXTENSION_TYPE_FLAG trait);
 /// @}
 
 /// @name Lists

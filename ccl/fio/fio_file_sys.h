@@ -65,10 +65,10 @@ public:
   /// @{
 
   /// `osi_open`: a descriptor, or negative on failure.
-  FIO_EXPORT static int open(char const* path, int flags, int mode);
+  [[nodiscard]] FIO_EXPORT static int open(char const* path, int flags, int mode);
 
   /// `osi_fopen`: a stream that the caller closes, or null.
-  FIO_EXPORT static std::FILE* fopen(char const* path, char const* mode);
+  [[nodiscard]] FIO_EXPORT static std::FILE* fopen(char const* path, char const* mode);
 
   /// `osi_chmod`: true on success.
   FIO_EXPORT static bool chmod(char const* path, int mode);
@@ -98,7 +98,7 @@ public:
   FIO_EXPORT static unsigned long get_current_directory(unsigned long size, char* buffer);
 
   /// The current directory, or an empty text if it cannot be read or has 1024 characters or more.
-  FIO_EXPORT static std::string get_current_directory();
+  [[nodiscard]] FIO_EXPORT static std::string get_current_directory();
   /// @}
 
   /// @name Renaming
@@ -151,32 +151,32 @@ public:
   /// @{
 
   /// `osi_status`: fills `*buffer` and answers true, or answers false.
-  FIO_EXPORT static bool status(char const* path, struct stat* buffer);
+  [[nodiscard]] FIO_EXPORT static bool status(char const* path, struct stat* buffer);
 
   /// The same with a string.
-  FIO_EXPORT static bool status(std::string const& path, struct stat* buffer);
+  [[nodiscard]] FIO_EXPORT static bool status(std::string const& path, struct stat* buffer);
 
   /// The same with a path.
-  FIO_EXPORT static bool status(FIO_PATH const& path, struct stat* buffer);
+  [[nodiscard]] FIO_EXPORT static bool status(FIO_PATH const& path, struct stat* buffer);
 
   /// Whether the mode has the bit 0x4000. Directories have it, and so do block devices and sockets. False on failure.
-  FIO_EXPORT static bool is_directory(char const* path);
+  [[nodiscard]] FIO_EXPORT static bool is_directory(char const* path);
 
   /// Whether the mode has the bit 0x8000. Regular files have it, and so do symbolic links and sockets. False on
   /// failure.
-  FIO_EXPORT static bool is_regular_file(char const* path);
+  [[nodiscard]] FIO_EXPORT static bool is_regular_file(char const* path);
 
   /// Whether the last modification lies before `*limit`, in seconds since the epoch. A null `limit` means any age: the
   /// answer is true and the file is not looked at. False if the status cannot be read.
-  FIO_EXPORT static bool is_older(char const* path, long const* limit);
+  [[nodiscard]] FIO_EXPORT static bool is_older(char const* path, long const* limit);
 
   /// Whether `osi_exists` finds anything at `path`. With `*` or `?` anywhere in it: whether `findfirst` finds an entry
   /// that matches, which may throw `std::bad_alloc`. False, without a system call, for null and for 1024 characters or
   /// more.
-  FIO_EXPORT static bool exists(char const* path);
+  [[nodiscard]] FIO_EXPORT static bool exists(char const* path);
 
   /// The same with a path.
-  FIO_EXPORT static bool exists(FIO_PATH const& path);
+  [[nodiscard]] FIO_EXPORT static bool exists(FIO_PATH const& path);
 
   /// Whether `name` matches `pattern`: the one wildcard test of the library.
   ///
@@ -192,7 +192,7 @@ public:
   ///     "*", ""            => true
   ///
   /// (pattern first, then name.) Where the text between two `*` first fits, it is taken; no other place is tried.
-  FIO_EXPORT static bool same_file(char const* name, char const* pattern);
+  [[nodiscard, gnu::nonnull]] FIO_EXPORT static bool same_file(char const* name, char const* pattern);
   /// @}
 
   /// @name Path texts
@@ -209,7 +209,8 @@ public:
   /// extension without a dot gets one.
   ///
   /// `path` has room for all components and four characters more; its size is not known here.
-  FIO_EXPORT static void makepath(char* path, char const* drive, char const* dir, char const* fname, char const* ext);
+  [[gnu::nonnull(1)]] FIO_EXPORT static void makepath(char* path, char const* drive, char const* dir, char const* fname,
+                                                      char const* ext);
 
   /// Divides a text as `FIO_PATH::split_full_path` does, without normalising anything. The drive is always empty.
   ///
@@ -226,7 +227,7 @@ public:
                                    std::string& ext);
 
   /// A copy of `text`, unchanged: names on this platform have case.
-  FIO_EXPORT static std::string tolower(std::string const& text);
+  [[nodiscard]] FIO_EXPORT static std::string tolower(std::string const& text);
   /// @}
 
   /// @name Find handles
@@ -240,6 +241,11 @@ public:
   ///       } while (FIO_FILE_SYSTEM::findnext(handle, &entry) == 0);
   ///     }
   ///     FIO_FILE_SYSTEM::findclose(handle);
+  ///
+  /// A directory that cannot be read looks empty to a walk, and to `copy_dir` and `is_directory_empty`, which are built
+  /// on walks. One that can be read has at least ".", so this tests it first:
+  ///
+  ///     if (!FIO_FILE_SYSTEM::exists("rtl/*"))   // missing, no directory, or unreadable: see errno
   ///
   /// Entries come in the order of the directory, "." and ".." and names with a leading dot among them. The whole text
   /// of an entry, directory included, is compared by `same_file`, so that "dir/ab?" finds "dir/abcd" as well. Wildcards
@@ -256,11 +262,11 @@ public:
   ///         otherwise a handle for `findnext`, to be released by `findclose`. `*fileinfo` is filled unless it is -1.
   /// @throws std::logic_error if `filespec` is null
   /// @throws std::bad_alloc if the handle cannot be stored; the directory then stays open
-  FIO_EXPORT static long findfirst(char const* filespec, _finddata_t* fileinfo);
+  [[nodiscard, gnu::nonnull(2)]] FIO_EXPORT static long findfirst(char const* filespec, _finddata_t* fileinfo);
 
   /// Finds the next entry: 0 with `*fileinfo` filled, otherwise non-zero. Entries that vanish meanwhile are passed
   /// over. A handle of -1, 0 or 1 has no next entry.
-  FIO_EXPORT static int findnext(long handle, _finddata_t* fileinfo);
+  [[nodiscard, gnu::nonnull(2)]] FIO_EXPORT static int findnext(long handle, _finddata_t* fileinfo);
 
   /// Releases a handle: 1, or -1 if it was -1, 0 or 1 and there was nothing to release.
   FIO_EXPORT static int findclose(long handle);
@@ -276,6 +282,14 @@ public:
   /// The levels are those of a `FIO_PATH`, so a `\` divides them too, and a level with a wildcard is there if anything
   /// matches. A text of exactly 1023 characters without a `/` at its end makes nothing.
   ///
+  /// `errno` is that of the last test and not that of `mkdir`, so it says ENOENT where permission was missing. The
+  /// standard library tells why a directory cannot be made:
+  ///
+  ///     if (!FIO_FILE_SYSTEM::create(path)) {
+  ///       std::error_code why;
+  ///       std::filesystem::create_directories(path, why);   // why.message() => "Permission denied"
+  ///     }
+  ///
   /// @return whether anything stands at `path`, as it was given, afterwards: made by this call or not, directory or not
   FIO_EXPORT static bool create(std::string const& path);
 
@@ -283,7 +297,12 @@ public:
   /// file keeps its content and its times. A text without a directory is a failure.
   FIO_EXPORT static bool touch(std::string const& path);
 
-  /// Copies the content of a file, and with `preserve_time` the times of its last access and modification.
+  /// Copies the content of a file, and with `preserve_time` the times of its last access and modification, in whole
+  /// seconds.
+  ///
+  /// A copy may so look older than its source. The exact time of the modification takes one line more:
+  ///
+  ///     std::filesystem::last_write_time(target, std::filesystem::last_write_time(source));
   ///
   /// With `overwrite` an existing target is removed first. A target that stands there all the same, because it could
   /// not be removed or because `overwrite` is false, is left as it is but for its times, and that is a success. The
@@ -326,15 +345,28 @@ public:
   /// the whole is too long for a path. Host, time of the first call, thread and number of the call go into the name. A
   /// caller that needs the name for itself opens it with `O_CREAT | O_EXCL`. May be called from several threads at
   /// once. `path` is not null.
-  FIO_EXPORT static std::string get_tmp_path(char const* path);
+  [[nodiscard, gnu::nonnull]] FIO_EXPORT static std::string get_tmp_path(char const* path);
 
-  /// Removes temporary files that are older than `age_seconds` below `directory`, by `remove_recursively`.
+  /// Removes temporary files that are older than `age_seconds` below `directory`, also where links to directories lead,
+  /// by `remove_recursively`.
   ///
   /// The time is that of the file system: a file is made in the directory of `directory`, as `get_tmp_path` reads it,
   /// and removed again. What is removed is what matches `pattern`; null stands for ".korvane.*.tmp".
   ///
+  /// What could not be removed is not reported. This loop reports it and follows no links; its times are those of the
+  /// local clock:
+  ///
+  ///     long const limit = std::time(nullptr) - age_seconds;
+  ///     for (FIO_DIRECTORY_ENTRY const& entry : FIO_RECURSIVE_DIRECTORY_ITERATOR(directory)) {
+  ///       if (FIO_FILE_SYSTEM::same_file(entry.derive_path().filename().c_str(), ".korvane.*.tmp") &&
+  ///           FIO_FILE_SYSTEM::is_older(entry.path.c_str(), &limit) && !FIO_FILE_SYSTEM::remove(entry.path)) {
+  ///         std::perror(entry.path.c_str());
+  ///       }
+  ///     }
+  ///
   /// @return false if the time could not be told, and nothing was removed; otherwise true, whatever the removal did
-  FIO_EXPORT static bool remove_temp_files(char const* directory, int age_seconds, char const* pattern);
+  [[gnu::nonnull(1)]] FIO_EXPORT static bool remove_temp_files(char const* directory, int age_seconds,
+                                                               char const* pattern);
   /// @}
 
   /// @name Removing in bulk
@@ -348,7 +380,11 @@ public:
   /// @throws std::logic_error if `filespec` is null
   FIO_EXPORT static bool remove_files(char const* filespec);
 
-  /// Removes a tree, or a single file, and goes on where something cannot be removed.
+  /// Removes a tree, what is in the directories that its links lead to included, or a single file.
+  ///
+  /// Where something cannot be removed it goes on. To remove a tree and leave alone what its links lead to:
+  ///
+  ///     std::filesystem::remove_all(path);
   ///
   /// With a `pattern` only the files whose name matches are tried, and with a `limit` only what was last modified
   /// before that second. Every directory is entered. It is tried behind its contents if it is old enough by then, which
@@ -361,15 +397,17 @@ public:
   ///         characters or more, and exactly "." or ".."
   FIO_EXPORT static bool remove_recursively(char const* path, char const* pattern, long const* limit);
 
-  /// Does the work of `remove_recursively`, without its checks. `path` has its content again afterwards.
+  /// Does the work of `remove_recursively`, links included, without its checks. `path` has its content again afterwards.
   FIO_EXPORT static bool do_remove_recursively(std::string& path, char const* pattern, long const* limit);
 
   /// Whether a walk finds no entry but "." and ".." in what `is_directory` says yes to. True for one that cannot be
   /// opened.
-  FIO_EXPORT static bool is_directory_empty(char const* path);
+  [[nodiscard]] FIO_EXPORT static bool is_directory_empty(char const* path);
 
-  /// Removes the directories of a tree in which a walk finds nothing, from the bottom up, and the tree itself only with
-  /// `remove_root`. A directory that holds a file stays, which is no error.
+  /// Removes the directories of a tree, and those that its links lead to, in which a walk finds nothing.
+  ///
+  /// It goes from the bottom up, and takes the tree itself only with `remove_root`. A link to a directory that is empty
+  /// by then goes itself; its target stays. A directory that holds a file stays, which is no error.
   ///
   /// @return null, or the first error, which stops nothing: not a directory, cannot be opened, cannot be removed. Later
   ///         errors go to the debug log
@@ -381,6 +419,6 @@ public:
 ///
 /// @throws std::logic_error if that layer has no answer
 /// @throws std::bad_alloc if the text cannot be stored; in both cases the layer's record is not released
-FIO_EXPORT std::string fio_get_unc_full_path(char const* path);
+[[nodiscard]] FIO_EXPORT std::string fio_get_unc_full_path(char const* path);
 
 #endif

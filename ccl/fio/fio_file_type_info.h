@@ -25,23 +25,23 @@ public:
                                             FIO_EDITOR_TYPE editor_type, long traits);
 
   /// `fio_get_file_type` by name
-  FIO_EXPORT static FIO_FILE_TYPE get_file_type(std::string const& name);
+  [[nodiscard]] FIO_EXPORT static FIO_FILE_TYPE get_file_type(std::string const& name);
 
   /// `fio_get_file_type` by class identifier
-  FIO_EXPORT static FIO_FILE_TYPE get_file_type(_GUID const& clsid);
+  [[nodiscard]] FIO_EXPORT static FIO_FILE_TYPE get_file_type(_GUID const& clsid);
 
   /// `fio_get_file_type_name`
-  FIO_EXPORT static std::string get_file_type_name(FIO_FILE_TYPE file_type);
+  [[nodiscard]] FIO_EXPORT static std::string get_file_type_name(FIO_FILE_TYPE file_type);
 
   /// `fio_get_file_description`
-  FIO_EXPORT static std::string get_file_description(FIO_FILE_TYPE file_type);
+  [[nodiscard]] FIO_EXPORT static std::string get_file_description(FIO_FILE_TYPE file_type);
 
   /// `fio_get_editor_type`
-  FIO_EXPORT static FIO_EDITOR_TYPE get_editor_type(FIO_FILE_TYPE file_type);
+  [[nodiscard]] FIO_EXPORT static FIO_EDITOR_TYPE get_editor_type(FIO_FILE_TYPE file_type);
 
   /// Whether the type has the trait `FIO_FILE_TYPE_FLAG_DESIGN_FILES`. The types that have only the other trait of that
   /// text, `FIO_FILE_TYPE_FLAG_DESIGN_FILES_GROUP`, such as scripts, are not design files.
-  FIO_EXPORT static bool is_design_file(FIO_FILE_TYPE file_type);
+  [[nodiscard]] FIO_EXPORT static bool is_design_file(FIO_FILE_TYPE file_type);
 };
 
 /// The entry of a file dialog for a file type: its name, and a pattern for each of its extensions, in the order of the
@@ -62,6 +62,6 @@ public:
 /// Any thread.
 /// @par Complexity
 /// A walk over the vocabulary, and one more for each extension of the type.
-FIO_EXPORT std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural);
+[[nodiscard]] FIO_EXPORT std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural);
 
 #endif

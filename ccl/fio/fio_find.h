@@ -114,17 +114,22 @@ public:
   /// @name Searching for one file
   /// Each answers the first place that exists, absolute if a directory for that is set, or an empty result. A wildcard
   /// in a name is true of a directory in which anything matches, and the result then has the wildcard still in it.
+  ///
+  /// `if (found)` is true of an empty path too. Test the text:
+  ///
+  ///     if (find.find_first("top.v").fullpath().empty())   // not found
+  ///
   /// @{
 
   /// Looks for `name`, directories in it included, in `m_directories`.
-  FIO_EXPORT std::string find(std::string const& name) const;
+  [[nodiscard]] FIO_EXPORT std::string find(std::string const& name) const;
 
   /// Looks for the file name of `name` in the search list; a directory in `name` is ignored.
   ///
   ///     "sub/x.v" in "/a/"         => "/a/x.v"
   ///     "", "sub/" in "/a/"        => "/a/": without a name the first directory is what is found...
   ///     a name that is too long    => "/a/": ...and such a name is none
-  FIO_EXPORT FIO_PATH find_first(std::string const& name) const;
+  [[nodiscard]] FIO_EXPORT FIO_PATH find_first(std::string const& name) const;
 
   /// Looks for a relative path below each directory of the search list. Of an absolute path only the name counts.
   ///
@@ -132,7 +137,7 @@ public:
   ///     "../x.v" in "/a/b/"   => "/a/x.v"
   ///
   /// Writes debug messages about texts that become too long.
-  FIO_EXPORT FIO_PATH find_first_relative_path(FIO_PATH const& path) const;
+  [[nodiscard]] FIO_EXPORT FIO_PATH find_first_relative_path(FIO_PATH const& path) const;
   /// @}
 
   /// Looks for `name` with each of `extensions` in all directories of the search list.

@@ -16,6 +16,13 @@
 /// Nothing is reported. What is no directory, or cannot be opened or read, has no entries. Only `std::bad_alloc` can
 /// leave an operation; a null text is not to be passed.
 ///
+/// @warning A directory without permission looks empty, at the top and at each level below. Where that matters, test it
+/// first: a directory that can be listed has at least the entry ".", which a wildcard finds.
+///
+///     if (!FIO_FILE_SYSTEM::exists("rtl/*"))   // missing, no directory, or unreadable: see errno
+///
+/// For a directory below, that is `FIO_FILE_SYSTEM::exists((entry.path + "/*").c_str())`.
+///
 /// @par Thread safety
 /// An iterator and its copies serve one thread at a time. An open directory is held for each level of a walk.
 
@@ -42,7 +49,7 @@ public:
   /// an empty one of illegal length.
   ///
   /// @throws std::bad_alloc when the path cannot be stored
-  FIO_EXPORT FIO_PATH derive_path() const;
+  [[nodiscard]] FIO_EXPORT FIO_PATH derive_path() const;
 };
 
 /// The state of one open directory, which the copies of an iterator share.

@@ -33,6 +33,18 @@
 /// keep their new values and the text follows with the next edit. Dividing, simplifying and setting a file name change
 /// nothing before they have the memory for the components.
 ///
+/// @par Common mistakes
+/// `if (path)` is always true: it tests the pointer to the text, which is never null. Test the text:
+///
+///     if (path.fullpath().empty())
+///
+/// A path as the key of a sorted container reads the current directory twice at each comparison, and a change of that
+/// directory changes the order. Make the path absolute once and use its text as the key:
+///
+///     path.become_absolute("");
+///     path.become_simplified();      // an absolute path is not simplified by the line above
+///     files[path.fullpath()] = value;
+///
 /// @par Thread safety
 /// A path is like a string: several threads may read one object, or use different objects freely, but one that changes
 /// an object must be alone with it. The current directory belongs to the process and the environment too: nobody may
@@ -130,7 +142,7 @@ public:
   /// @{
 
   /// A copy of the text. Checks the length.
-  FIO_EXPORT std::string fullpath() const;
+  [[nodiscard]] FIO_EXPORT std::string fullpath() const;
 
   /// A copy of the text. Checks the length.
   FIO_EXPORT operator std::string() const;
@@ -148,79 +160,79 @@ public:
   /// them, and other bits are ignored.
   ///
   ///     FIO_PATH("a/b.c").get_path_components(FIO_PATH::DIRECTORY | FIO_PATH::EXTENSION)   => "a/.c"
-  FIO_EXPORT std::string get_path_components(int mask) const;
+  [[nodiscard]] FIO_EXPORT std::string get_path_components(int mask) const;
 
   /// Always false: a drive that was set shows in the text, and in what is read from the text anew.
-  FIO_EXPORT bool has_drive() const;
+  [[nodiscard]] FIO_EXPORT bool has_drive() const;
 
   /// Whether there is a directory.
-  FIO_EXPORT bool has_directory() const;
+  [[nodiscard]] FIO_EXPORT bool has_directory() const;
 
   /// Whether there is an extension; true for "file.", whose extension is a lone dot.
-  FIO_EXPORT bool has_extension() const;
+  [[nodiscard]] FIO_EXPORT bool has_extension() const;
 
   /// Whether the directory begins with this path's separator. "C:/x" is relative, and so is a bare name.
-  FIO_EXPORT bool absolute() const;
+  [[nodiscard]] FIO_EXPORT bool absolute() const;
 
   /// Whether the path is nothing but a directory: "a/" is, and neither "a" nor "a/.." nor "" is.
-  FIO_EXPORT bool directory_path() const;
+  [[nodiscard]] FIO_EXPORT bool directory_path() const;
 
   /// Always empty. See `has_drive`.
-  FIO_EXPORT std::string drive() const;
+  [[nodiscard]] FIO_EXPORT std::string drive() const;
 
   /// The directory with its trailing separator. Checks the length.
-  FIO_EXPORT std::string directory() const;
+  [[nodiscard]] FIO_EXPORT std::string directory() const;
 
   /// The same as `directory()`. Checks the length.
-  FIO_EXPORT std::string full_directory() const;
+  [[nodiscard]] FIO_EXPORT std::string full_directory() const;
 
   /// The name up to its last dot: "a.tar" of "a.tar.gz", "" of ".profile". Checks the length.
-  FIO_EXPORT std::string base() const;
+  [[nodiscard]] FIO_EXPORT std::string base() const;
 
   /// The extension without its leading dot: "gz" of "a.tar.gz", "profile" of ".profile", "" of "file.".
-  FIO_EXPORT std::string extension() const;
+  [[nodiscard]] FIO_EXPORT std::string extension() const;
 
   /// The name with its extension. Checks the length.
-  FIO_EXPORT std::string filename() const;
+  [[nodiscard]] FIO_EXPORT std::string filename() const;
 
   /// The number of directory levels. The file name is not one.
   ///
   ///     "a/b/c.txt"   => 2
   ///     "/a/b/"       => 2
   ///     "/", "name"   => 0
-  FIO_EXPORT int levels() const;
+  [[nodiscard]] FIO_EXPORT int levels() const;
 
   /// The name of a directory level, counted from 0 on the left, without separators; empty for an index below 0 or from
   /// `levels()` on. Checks the length. Linear in the length of the directory.
   ///
   ///     FIO_PATH("/a/b/c.txt")[1]   => "b"
-  FIO_EXPORT std::string operator[](int level) const;
+  [[nodiscard]] FIO_EXPORT std::string operator[](int level) const;
 
   /// The name of the last directory level, read from the text as it divides anew, by both kinds of separator. Checks
   /// the length, twice; a text that is too long has no levels for this operation.
   ///
   ///     "a/b/c.txt"                    => "b"
   ///     "/a/x" with `drive('C')`       => "C:": the index comes from the directory, the names from the text "C:/a/x"
-  FIO_EXPORT std::string tail() const;
+  [[nodiscard]] FIO_EXPORT std::string tail() const;
 
   /// Whether `level` is the index of a directory level: at least 0 and less than `levels()`. Nothing to do with length.
-  FIO_EXPORT bool legal(int level) const;
+  [[nodiscard]] FIO_EXPORT bool legal(int level) const;
 
   /// Whether `name` is exactly "." or "..".
-  FIO_EXPORT static bool is_dot_directory(std::string const& name);
+  [[nodiscard]] FIO_EXPORT static bool is_dot_directory(std::string const& name);
   /// @}
 
   /// @name Length
   /// @{
 
   /// Whether a path text may have this many characters: at most 1023.
-  FIO_EXPORT static bool is_path_length_within_operating_system_limits(unsigned long length);
+  [[nodiscard]] FIO_EXPORT static bool is_path_length_within_operating_system_limits(unsigned long length);
 
   /// The same for the size of a text.
-  FIO_EXPORT static bool is_path_length_within_operating_system_limits(std::string const& text);
+  [[nodiscard]] FIO_EXPORT static bool is_path_length_within_operating_system_limits(std::string const& text);
 
   /// Whether the text is short enough and the last text divided into this path was too. False for a moved-from path.
-  FIO_EXPORT bool is_legal_length() const;
+  [[nodiscard]] FIO_EXPORT bool is_legal_length() const;
   /// @}
 
   /// @name Editing
@@ -357,7 +369,7 @@ public:
   ///         directory that is gone is one, for an absolute `path` too
   /// @warning Boost.Filesystem compares components in functions that may not throw and that allocate: it ends the
   ///          program if memory runs out there, with a component of more than 15 characters.
-  FIO_EXPORT static boost::optional<std::string> canonical(std::string const& path);
+  [[nodiscard]] FIO_EXPORT static boost::optional<std::string> canonical(std::string const& path);
 
   /// The text of this path as seen from a directory, if both are absolute and share their first level. In every other
   /// case the text of this path as it is, so that the answer is always a path. Both texts are read anew, under `/`: a
@@ -378,7 +390,7 @@ public:
   ///     "/a/b/f" with `path_separator('\')`, "/a/c"   => "..\b/f"
   ///
   /// Looks at neither the disk nor the current directory. Linear in the lengths of both texts.
-  FIO_EXPORT std::string get_relative_to(std::string const& directory) const;
+  [[nodiscard]] FIO_EXPORT std::string get_relative_to(std::string const& directory) const;
   /// @}
 
   /// @name Comparison
@@ -404,6 +416,12 @@ public:
   /// Checks the length of the left operand, and that of a right one that is a path each time its text is read. A left
   /// operand that is too long, or a right text that is, counts as empty.
   ///
+  /// In a sorted container each comparison reads the current directory twice; a text as the key reads nothing:
+  ///
+  ///     path.become_absolute("");
+  ///     path.become_simplified();
+  ///     files[path.fullpath()] = value;
+  ///
   /// The keys of a sorted container, whose order is `<`, must be paths as a text gives them, of legal length and
   /// divided with the separator `/`. A drive that was set, a component that would divide otherwise, or a directory
   /// that kept another separator can make a path less than itself. Neither the current directory nor the choice of
@@ -415,25 +433,25 @@ public:
   /// @{
 
   /// Whether the two file names are the same and the two paths, simplified and anchored, are too.
-  FIO_EXPORT bool operator==(FIO_PATH const& other) const;
+  [[nodiscard]] FIO_EXPORT bool operator==(FIO_PATH const& other) const;
 
   /// The same with the path of a string on the right.
-  FIO_EXPORT bool operator==(std::string const& other) const;
+  [[nodiscard]] FIO_EXPORT bool operator==(std::string const& other) const;
 
   /// The exact opposite of `==`.
-  FIO_EXPORT bool operator!=(FIO_PATH const& other) const;
+  [[nodiscard]] FIO_EXPORT bool operator!=(FIO_PATH const& other) const;
 
   /// The exact opposite of `==`, with the path of a string on the right.
-  FIO_EXPORT bool operator!=(std::string const& other) const;
+  [[nodiscard]] FIO_EXPORT bool operator!=(std::string const& other) const;
 
   /// Whether this path, simplified and anchored, stands before the other one in the order of their bytes.
-  FIO_EXPORT bool operator<(FIO_PATH const& other) const;
+  [[nodiscard]] FIO_EXPORT bool operator<(FIO_PATH const& other) const;
 
   /// The same with the path of a string on the right.
-  FIO_EXPORT bool operator<(std::string const& other) const;
+  [[nodiscard]] FIO_EXPORT bool operator<(std::string const& other) const;
 
   /// How this platform compares names: `strcmp`, case and all. Below 0, 0 or above 0.
-  FIO_EXPORT static int os_specific_comparison(char const* left, char const* right);
+  [[nodiscard, gnu::nonnull]] FIO_EXPORT static int os_specific_comparison(char const* left, char const* right);
   /// @}
 
   /// @name Separators and other platforms
@@ -443,19 +461,19 @@ public:
   /// opposite of `/` is `\`, and that of any other separator is `/`.
   ///
   ///     "a\b//c"   => "a/b/c"
-  FIO_EXPORT std::string sync_path_separators(std::string const& text) const;
+  [[nodiscard]] FIO_EXPORT std::string sync_path_separators(std::string const& text) const;
 
   /// `/`
-  FIO_EXPORT static char default_path_separator();
+  [[nodiscard]] FIO_EXPORT static char default_path_separator();
 
   /// Always false: no path is a network path on this platform.
-  FIO_EXPORT bool unc() const;
+  [[nodiscard]] FIO_EXPORT bool unc() const;
 
   /// Always false, for a text with two leading separators too.
-  FIO_EXPORT static bool is_unc_path(char const* path);
+  [[nodiscard]] FIO_EXPORT static bool is_unc_path(char const* path);
 
   /// Always false, for a text with two leading separators too.
-  FIO_EXPORT static bool is_unc_path(std::string const& path);
+  [[nodiscard]] FIO_EXPORT static bool is_unc_path(std::string const& path);
 
   /// Always false; `result` is not touched.
   FIO_EXPORT static bool convert_unc_to_path_with_drive(char const* path, std::string& result);

@@ -4,6 +4,4 @@
 
 #include "ccl/fio/fio_version.h"
 
-int main() {
-  std::printf("%s %d\n", CCL_FIO_VERSION_STRING, CCL_FIO_VERSION);
-}
+int main() { std::printf("%s %d\n", CCL_FIO_VERSION_STRING, CCL_FIO_VERSION); }

@@ -221,7 +221,7 @@ int run_form(form const& who, scratch_tree const& tree, int rounds) {
   }
   shared_state& shared = *new (memory) shared_state(who.participants());
   if (who.inherits_identifier) {
-    FIO_FILE_SYSTEM::get_tmp_path(tree.path("x").c_str());
+    (void)FIO_FILE_SYSTEM::get_tmp_path(tree.path("x").c_str());
   }
   std::vector<pid_t> processes;
   for (int process = 0; process != who.processes; ++process) {
