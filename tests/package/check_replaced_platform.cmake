@@ -21,9 +21,5 @@ run(${CMAKE_COMMAND} --build ${WORK}/found)
 run(${WORK}/found/program)
 
 # A platform that would be copied into the library is refused.
-execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE}/replaced_platform -B ${WORK}/static ${options}
-                        -DREPOSITORY=${REPOSITORY} -DKIND=STATIC RESULT_VARIABLE status OUTPUT_QUIET
-                ERROR_VARIABLE errors)
-if(status EQUAL 0 OR NOT errors MATCHES "name a shared[ \n]+library")
-  message(FATAL_ERROR "a static platform is not refused: ${errors}")
-endif()
+run_and_fail("name a shared library" ${CMAKE_COMMAND} -S ${SOURCE}/replaced_platform -B ${WORK}/static ${options}
+             -DREPOSITORY=${REPOSITORY} -DKIND=STATIC)

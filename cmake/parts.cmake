@@ -1,0 +1,53 @@
+# What a build consists of besides the library. A part is ON, OFF, or AUTO, which takes it in if all that it needs is
+# there and otherwise says what is missing. A part that was asked for by name is built or is an error.
+
+# A setting that a project around this one may have given as an ordinary variable.
+function(ccl_setting name default description)
+  if(NOT DEFINED ${name})
+    set(${name} "${default}" CACHE STRING "${description}")
+  endif()
+endfunction()
+
+# ccl_part(option what default requirement...): a requirement is a CMake package, or CMake itself in a version, and the
+# Debian package that brings it, as in "GTest=libgtest-dev" or "CMake 3.25=cmake".
+function(ccl_part option what default)
+  ccl_setting(${option} ${default} "Build the ${what}: ON, OFF, or AUTO")
+  if(DEFINED CACHE{${option}})
+    set_property(CACHE ${option} PROPERTY STRINGS AUTO ON OFF)
+  endif()
+  set(asked_for ${${option}})
+  if(NOT asked_for AND NOT asked_for STREQUAL AUTO)
+    return()
+  endif()
+
+  set(missing)
+  foreach(requirement IN LISTS ARGN)
+    string(REGEX MATCH "^([^= ]+) ?([^=]*)=(.+)$" matched ${requirement})
+    set(package ${CMAKE_MATCH_1})
+    set(version ${CMAKE_MATCH_2})
+    set(debian_package ${CMAKE_MATCH_3})
+    if(package STREQUAL CMake)
+      set(CMake_FOUND ON)
+      if(CMAKE_VERSION VERSION_LESS version)
+        set(CMake_FOUND OFF)
+      endif()
+    else()
+      find_package(${package} ${version} QUIET)
+    endif()
+    if(NOT ${package}_FOUND)
+      string(STRIP "${package} ${version}" package)
+      list(APPEND missing "${package} (Debian: ${debian_package})")
+    endif()
+  endforeach()
+
+  if(missing)
+    list(JOIN missing ", " missing)
+    if(NOT asked_for STREQUAL AUTO)
+      message(FATAL_ERROR "${option} is ${asked_for}, and the ${what} need ${missing}")
+    endif()
+    message(STATUS "Left out: the ${what}, which need ${missing}")
+    set(${option} OFF PARENT_SCOPE)
+  else()
+    set(${option} ON PARENT_SCOPE)
+  endif()
+endfunction()
