@@ -2,6 +2,7 @@
 /// Feeds files, and all files of folders, to the fuzz target that it is linked with, in the order of their names.
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
@@ -81,6 +82,6 @@ int main(int count, char** values) {
   if (!std::all_of(files.begin(), files.end(), replay)) {
     return 1;
   }
-  std::printf("%s: %zu inputs replayed\n", FUZZ_TARGET_NAME, files.size());
+  std::printf("%s: %zu inputs replayed\n", program_invocation_short_name, files.size());
   return 0;
 }
