@@ -1,22 +1,44 @@
 #!/bin/sh
-# Builds the library in its release and sanitizer forms, runs all tests in each, and checks the format of the sources.
-# With --full also: the build and tests of the other compiler, clang-tidy, and the campaigns whole. Installs what is
-# missing, on Debian, as root or through sudo. The last line is the sum: "N passed, N failed".
+# Builds the library, runs its tests, and checks the format of the sources. Installs what is missing, on Debian, as root
+# or through sudo. The last line is the sum: "N passed, N failed"; the line before it says how long it took.
+#
+# Without an argument, what is worth knowing before a commit: the release build with its tests; the programs of these
+# tests over a library that is built for AddressSanitizer and UndefinedBehaviorSanitizer; and threads and processes under
+# ThreadSanitizer. With --tests all tests in all three builds, where the tests are instrumented as well and each is a
+# process. With --full also the other compiler, clang-tidy, the packages, and the campaigns whole.
 
 . "$(dirname -- "$0")/common.sh"
 
-presets="release asan tsan"
-full=
 case $#,${1-} in
-0,) ;;
-1,--full) full=yes presets="$presets clang" ;;
+0,) form=quick ;;
+1,--tests) form=tests ;;
+1,--full) form=full ;;
 *)
-  echo "usage: check.sh [--full]" >&2
+  echo "usage: check.sh [--tests | --full]" >&2
   exit 2
   ;;
 esac
+full=
+[ "$form" != full ] || full=yes
 
 need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
+
+# The tests that build the library once more.
+building_tests='^package\.(stands_on_another_platform|starts_.*_(add_subdirectory|fetch_content|another_package))$'
+
+clock=$(mktemp)
+trap 'rm -f "$clock"' EXIT
+trap 'exit 1' HUP INT TERM
+
+# The processor time so far of all processes that have ended, in seconds. Not for a subshell, which has none.
+note_processor_time() {
+  times >"$clock"
+  processor_time=$(tr 'ms' '  ' <"$clock" | awk '{ sum += $1 * 60 + $2 + $3 * 60 + $4 } END { printf "%.0f", sum }')
+}
+
+note_processor_time
+processor_time_before=$processor_time
+started=$(date +%s)
 
 passed=0
 failed=0
@@ -56,7 +78,7 @@ sources() {
 }
 
 format_is_right() {
-  sources | xargs clang-format --dry-run -Werror
+  sources | xargs -P "$(nproc)" -n 40 clang-format --dry-run -Werror
 }
 
 # What clang-tidy says of its own progress goes to a log.
@@ -66,12 +88,15 @@ tidy_is_silent() {
     { tail -n 5 build/tidy.log >&2 && return 1; }
 }
 
+# Runs the tests of a preset: all of them, or what further arguments for ctest say.
 run_tests() {
-  report=$repository/build/$1/report.xml
+  preset=$1
+  shift
+  report=$repository/build/$preset/report.xml
   rm -f "$report"
-  ctest --preset "$1" -j "$(nproc)" --output-junit "$report" >"build/$1.log" 2>&1 || true
+  ctest --preset "$preset" -j "$(nproc)" --output-junit "$report" "$@" >"build/$preset.log" 2>&1 || true
   if [ ! -f "$report" ]; then
-    tail -n 20 "build/$1.log" >&2
+    tail -n 20 "build/$preset.log" >&2
     failed=$((failed + 1))
     return
   fi
@@ -79,53 +104,135 @@ run_tests() {
   count_report "$report"
   [ "$failed" != "$before" ] || return 0
   # The failures are told again at the end of the log; before it stands what the tests themselves said.
-  grep -v ' Passed \|^ *Start ' "build/$1.log" | tail -n 200 >&2
-  say "The tests of '$1' failed; all they said is in build/$1.log"
+  grep -v ' Passed \|^ *Start ' "build/$preset.log" | tail -n 200 >&2
+  say "The tests of '$preset' failed; all they said is in build/$preset.log"
+}
+
+# Builds a preset, or those of its targets that are named, and says whether it could be built.
+build_and_count() {
+  say "$1: building"
+  build "$@" || { failed=$((failed + 1)) && return 1; }
+}
+
+# A program of tests in one process. Its report has each test, so that each counts; a program that came to no end has
+# none.
+run_test_program() {
+  report=$1
+  shift
+  rm -f "$report"
+  "$@" --gtest_brief=1 "--gtest_output=xml:$report" >"$report.log" 2>&1 || tail -n 200 "$report.log" >&2
+  if [ -f "$report" ]; then
+    count_report "$report"
+  else
+    failed=$((failed + 1))
+  fi
+}
+
+# What a program of the release tests finds when it runs with the library that was built for AddressSanitizer.
+with_sanitized_library() {
+  env LD_PRELOAD="$(g++ -print-file-name=libasan.so) $(g++ -print-file-name=libubsan.so)" \
+    LD_LIBRARY_PATH="$repository/build/asan/ccl" "$@"
+}
+
+finds_sanitized_library() {
+  LD_LIBRARY_PATH=$repository/build/asan/ccl ldd build/release/tests/fio_test | grep -q "$repository/build/asan/ccl/libccl_fio"
+}
+
+# A campaign over that library. Prints what it said if it failed.
+campaign_is_clean() {
+  log=$repository/build/asan/${1##*/}.log
+  with_sanitized_library "$@" >"$log" 2>&1 || { tail -n 60 "$log" >&2 && return 1; }
+}
+
+# All programs but those that count allocations, which do so above one allocator, and the sweep of system calls, which
+# takes longer than all others. The longest runs beside them.
+run_over_sanitized_library() {
+  programs=build/release/tests
+  campaign_is_clean "$programs/faults/real_faults" &
+  longest=$!
+  count_check finds_sanitized_library
+  for program in fio_test platform_test; do
+    run_test_program "$repository/build/asan/$program.xml" with_sanitized_library "$programs/$program"
+  done
+  count_check campaign_is_clean "$programs/model/random_sequences" --rounds 500
+  for replay in "$programs"/fuzz/replay_*; do
+    case $replay in *[!a-z_/]*) continue ;; esac
+    count_check campaign_is_clean "$replay" "tests/fuzz/corpus/${replay##*/replay_}"
+  done
+  count_check wait "$longest"
 }
 
 # Root may do what is refused to everybody else, so its run leaves some behaviour unseen.
 run_tests_as_ordinary_user() {
   folder=$(mktemp -d)
-  trap 'rm -rf "$folder"' EXIT
-  trap 'exit 1' HUP INT TERM
+  trap 'rm -rf "$folder" "$clock"' EXIT
   chmod 755 "$folder"
   cp build/release/tests/fio_test build/release/ccl/*.so.* "$folder"
   mkdir -m 777 "$folder/out"
-  LD_LIBRARY_PATH=$folder TMPDIR=$folder/out setpriv --reuid=65534 --regid=65534 --clear-groups \
-    "$folder/fio_test" --gtest_brief=1 --gtest_output="xml:$folder/out/report.xml" >&2 || true
-  if [ -f "$folder/out/report.xml" ]; then
-    count_report "$folder/out/report.xml"
-  else
-    failed=$((failed + 1))
-  fi
+  run_test_program "$folder/out/report.xml" env LD_LIBRARY_PATH="$folder" TMPDIR="$folder/out" \
+    setpriv --reuid=65534 --regid=65534 --clear-groups "$folder/fio_test"
 }
 
-built=
+# Checks that stand in scripts of their own.
+run_script_if_present() {
+  [ -x "scripts/$1" ] || return 0
+  say "$*"
+  script=scripts/$1
+  shift
+  count_check "$script" "$@" >&2
+}
+
 say "format"
 count_check format_is_right
-for preset in $presets; do
-  say "$preset: building"
-  if build "$preset"; then
-    built="$built $preset"
-    say "$preset: testing"
-    run_tests "$preset"
+
+released=
+if build_and_count release; then
+  released=yes
+  say "release: testing"
+  if [ "$form" = quick ]; then
+    run_tests release -LE '^table$' -E "$building_tests"
+    for program in fio_test platform_test; do
+      run_test_program "$repository/build/release/$program.xml" "build/release/tests/$program"
+    done
   else
-    failed=$((failed + 1))
+    run_tests release
   fi
-done
-case $(id -u),$built in
-0,*release*)
-  say "release: testing as an ordinary user"
-  run_tests_as_ordinary_user
-  ;;
-esac
+  if [ "$(id -u)" = 0 ]; then
+    say "release: testing as an ordinary user"
+    run_tests_as_ordinary_user
+  fi
+fi
+
+if [ "$form" = quick ]; then
+  if build_and_count asan --target ccl_fio && [ -n "$released" ]; then
+    say "asan: testing"
+    run_over_sanitized_library
+  fi
+  if build_and_count tsan --target stress_threads stress_processes; then
+    say "tsan: testing"
+    run_tests tsan -R '^stress\.'
+  fi
+else
+  for preset in asan tsan ${full:+clang}; do
+    if build_and_count "$preset"; then
+      say "$preset: testing"
+      run_tests "$preset"
+    fi
+  done
+fi
+
 if [ -n "$full" ]; then
   say "clang-tidy"
   count_check tidy_is_silent
+  run_script_if_present check_packages.sh
+  run_script_if_present check_reproducible.sh
+  run_script_if_present bench.sh --check
   say "campaigns"
   count_check scripts/campaigns.sh >&2
 fi
 
 [ "$skipped" = 0 ] || say "$skipped tests left themselves out"
+note_processor_time
+echo "$(($(date +%s) - started)) s, $((processor_time - processor_time_before)) s of processor time"
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]
