@@ -6,11 +6,12 @@
 #include <boost/system/error_code.hpp>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <utility>
 
-#include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/current_directory.h"
+#include "ccl/fio/internal/extension_part.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
 #include "ccl/fio/internal/stack_path.h"
@@ -23,6 +24,7 @@ using fio_internal::c_text;
 using fio_internal::current_directory;
 using fio_internal::divide_path;
 using fio_internal::divided_path;
+using fio_internal::extension_part;
 using fio_internal::level_walk;
 using fio_internal::stack_path;
 
@@ -56,28 +58,6 @@ void make_room(std::string& text, std::size_t size) {
 
 // The choice of the algorithm that simplifies. It is made anew each time.
 bool is_old_simplification_chosen() { return std::getenv("fio_old_simplify") != nullptr; }
-
-// A part of an extension, given as a type or as a text.
-struct extension_part {
-  explicit extension_part(FIO_EXTENSION_TYPE type)
-      : is_present(type != FIO_EXTENSION_TYPE_ANY), text(is_present ? fio_get_extension_string(type) : "") {}
-  explicit extension_part(std::string const& given)
-      : is_present(!given.empty()), needs_dot(is_present && given.front() != '.'), text(given) {}
-
-  void append_to(std::string& extension) const {
-    if (!is_present) {
-      return;
-    }
-    if (needs_dot) {
-      extension += '.';
-    }
-    extension += text;
-  }
-
-  bool is_present;
-  bool needs_dot = false;
-  std::string_view text;
-};
 
 // The file name of the path that a text without NULs would give.
 std::string_view name_in(std::string_view text) {
@@ -116,17 +96,196 @@ int fio_path_comparison_operation(FIO_PATH& left, FIO_PATH& right) {
 
 } // namespace
 
+// What a text divides into, for the constructor.
+struct FIO_PATH::division : divided_path {
+  explicit division(char const* path) : divided_path(divide_path(path)) {}
+};
+
+// What the operations have in common.
+struct FIO_PATH::detail {
+  // Whether the text is directory, base and extension side by side. Nothing was put between them, no NUL has cut one of
+  // them, and no memory ran out since they were stored: the text had no room for them then.
+  static bool is_plain(FIO_PATH const& path) {
+    return path.m_drive.empty() && (path.m_directory.empty() || path.m_directory.back() == '/') &&
+           has_plain_extension(path) &&
+           path.m_full_path.size() == path.m_directory.size() + path.m_base.size() + path.m_extension.size();
+  }
+
+  static bool has_plain_extension(FIO_PATH const& path) {
+    return path.m_extension.empty() || path.m_extension.front() == '.';
+  }
+
+  // Replaces the end of a plain text, from `start` on.
+  static void replace_end(FIO_PATH& path, std::size_t start, std::string_view end) {
+    make_room(path.m_full_path, start + end.size());
+    path.m_full_path.erase(start);
+    path.m_full_path += end;
+  }
+
+  template <typename First, typename Second>
+  static FIO_PATH& store_extension(FIO_PATH& path, First const& first, Second const& second) {
+    extension_part const parts[] = {extension_part(first), extension_part(second)};
+    bool const was_plain = is_plain(path);
+    // Room for two dots. Memory runs out before anything is changed, but for the text.
+    make_room(path.m_extension, parts[0].text.size() + parts[1].text.size() + 2);
+    path.m_extension.clear();
+    if (parts[0].is_present) {
+      parts[0].append_to(path.m_extension);
+      parts[1].append_to(path.m_extension);
+    }
+    if (was_plain && has_plain_extension(path)) {
+      replace_end(path, path.m_directory.size() + path.m_base.size(), c_text(path.m_extension));
+    } else {
+      path.rebuild();
+    }
+    return path;
+  }
+
+  static void store(FIO_PATH& path, stack_path const& parts) {
+    // Memory runs out before anything is changed.
+    make_room(path.m_full_path, parts.text().size());
+    make_room(path.m_directory, parts.directory().size());
+    make_room(path.m_base, parts.base().size());
+    make_room(path.m_extension, parts.extension().size());
+    path.m_drive.clear();
+    path.m_full_path = parts.text();
+    path.m_directory = parts.directory();
+    path.m_base = parts.base();
+    path.m_extension = parts.extension();
+  }
+
+  // Whether a path that is made anew from the text of this one, and has divided into `parts`, differs from it in nothing
+  // that simplification looks at.
+  static bool is_as_divided(FIO_PATH const& path, stack_path const& parts) {
+    return path.m_path_separator == '/' && is_plain(path) && parts.is_unchanged(path.m_full_path) &&
+           parts.directory().size() == path.m_directory.size() &&
+           (!parts.has_outer_dot() || parts.base().size() == path.m_base.size());
+  }
+
+  // Whether neither way to simplify would change this path.
+  static bool is_simplified(FIO_PATH const& path) {
+    return path.m_path_separator == '/' && is_plain(path) && path.has_directory() &&
+           is_path_length_within_operating_system_limits(path.m_full_path) && !is_dot(path.m_base) &&
+           !is_dot(path.m_extension) && fio_internal::directory_size(path.m_full_path) == path.m_directory.size() &&
+           fio_internal::is_simple(path.m_directory);
+  }
+
+  static void simplify(FIO_PATH& path, bool in_the_old_way) {
+    if ((!in_the_old_way && !path.has_directory()) || is_simplified(path)) {
+      return;
+    }
+    stack_path parts(path.m_full_path);
+    if (is_as_divided(path, parts)) {
+      parts.simplify(in_the_old_way);
+      // All of it becomes shorter, and no memory is needed.
+      path.m_directory = parts.directory();
+      path.m_full_path = parts.text();
+      erase_lone_dots(path);
+    } else {
+      simplify_components(path, in_the_old_way);
+    }
+  }
+
+  // Simplifies a path that is not what its text divides into, or too long for that.
+  static void simplify_components(FIO_PATH& path, bool in_the_old_way) {
+    std::string const& text = path.m_full_path;
+    char const separator = path.m_path_separator;
+    // Room for the root, all of the text and a separator. A NUL may hide the whole text of a directory; not even its
+    // root is left then.
+    std::string directory(text.size() + 2, separator);
+    bool const has_root = path.absolute() && (in_the_old_way || !text.empty());
+    fio_internal::simplified_directory result(directory.data(), has_root ? 1 : 0, separator, path.absolute());
+    if (in_the_old_way) {
+      FIO_PATH const parsed(text);
+      for (level_walk walk(parsed.m_directory, parsed.m_path_separator); walk.next();) {
+        result.append(walk.level());
+      }
+    } else {
+      // What stands behind the last separator is the file name and no component, unless there is no separator at all:
+      // an assigned path may have kept another one from its source.
+      bool const all_is_one_component = text.find(separator) == std::string::npos;
+      level_walk walk(text, separator);
+      while (walk.next() && (walk.is_closed() || all_is_one_component)) {
+        result.append(walk.level());
+      }
+    }
+    directory.resize(result.close());
+    // Memory runs out before anything is changed: this is all that the text can take.
+    path.m_full_path.reserve(path.m_drive.size() + directory.size() + path.m_base.size() + path.m_extension.size() + 3);
+    path.m_directory = std::move(directory);
+    path.store_directory();
+    erase_lone_dots(path);
+    path.rebuild();
+    check_length(path.m_full_path);
+  }
+
+  static void erase_lone_dots(FIO_PATH& path) {
+    if (is_dot(c_text(path.m_base))) {
+      path.m_base.clear();
+    }
+    if (is_dot(path.m_extension)) {
+      path.m_extension.clear();
+    }
+  }
+
+  // Whether the text may end with the name of another path. The ends settle it mostly that two paths are not equal.
+  static bool may_end_with_name(std::string const& text, FIO_PATH const& path) {
+    std::size_t const size = text.size();
+    std::size_t const name_size = path.m_base.size() + path.m_extension.size();
+    // A longer text may have its extension cut, and is complained of.
+    bool const is_known = size <= fio_internal::longest_extension && is_plain(path) &&
+                          is_path_length_within_operating_system_limits(path.m_full_path);
+    return !is_known || (size >= name_size && (name_size == 0 || text.back() == path.m_full_path.back()) &&
+                         (size == name_size || fio_internal::is_separator(text[size - name_size - 1])));
+  }
+
+  // Apart from the quick test before it, which needs no stack.
+  [[gnu::noinline]] static bool is_equal(std::string const& left, FIO_PATH const& right) {
+    check_length(left);
+    check_length(right.m_full_path);
+    std::string_view base = right.m_base;
+    std::string_view extension = right.m_extension;
+    if (!is_plain(right)) {
+      // As far as a C-string of the file name would reach.
+      extension = has_nul(right.m_base) ? std::string_view() : c_text(right.m_extension);
+      base = c_text(right.m_base);
+    }
+    std::string_view const name = name_in(left);
+    return name.size() == base.size() + extension.size() && name.substr(0, base.size()) == base &&
+           name.substr(base.size()) == extension && compare(left, right) == 0;
+  }
+
+  // The left operand is made anew from its text, with the default separator; a path on the right is copied as it comes.
+
+  static int compare(std::string const& left, FIO_PATH const& right) {
+    stack_path right_parts(right.m_full_path);
+    if (!is_as_divided(right, right_parts)) {
+      FIO_PATH left_copy(left);
+      FIO_PATH right_copy(right);
+      return fio_path_comparison_operation(left_copy, right_copy);
+    }
+    stack_path left_parts(left);
+    return fio_path_comparison_operation(left_parts, right_parts);
+  }
+
+  static int compare(std::string const& left, std::string const& right) {
+    stack_path left_parts(left);
+    stack_path right_parts(c_text(right));
+    return fio_path_comparison_operation(left_parts, right_parts);
+  }
+};
+
 // Making and assigning
 
 FIO_PATH::FIO_PATH() = default;
 
-FIO_PATH::FIO_PATH(char const* path) : FIO_PATH(divide_path(path)) {
+FIO_PATH::FIO_PATH(char const* path) : FIO_PATH(division(path)) {
   m_legal_length = m_legal_length || path == nullptr || *path == '\0';
 }
 
 FIO_PATH::FIO_PATH(std::string const& path) : FIO_PATH(path.c_str()) {}
 
-FIO_PATH::FIO_PATH(divided_path const& parts)
+FIO_PATH::FIO_PATH(division const& parts)
     : m_full_path(parts.text()), m_directory(parts.directory), m_base(parts.base), m_extension(parts.extension),
       m_legal_length(parts.legal) {
   if (!fio_internal::is_normal(m_directory, m_path_separator)) {
@@ -224,7 +383,7 @@ void FIO_PATH::split_full_path(char const* path) {
 }
 
 void FIO_PATH::make_path(FILE_COMPONENTS component, std::string const& value) {
-  bool const was_plain = is_plain();
+  bool const was_plain = detail::is_plain(*this);
   std::size_t const old_size = m_directory.size();
   switch (component) {
   case DIRECTORY:
@@ -270,43 +429,6 @@ void FIO_PATH::rebuild() {
   make_room(m_full_path, size);
   m_full_path.clear();
   compose([this](std::string_view piece) { m_full_path += piece; });
-}
-
-// Whether the text is directory, base and extension side by side. Nothing was put between them, no NUL has cut one of
-// them, and no memory ran out since they were stored: the text had no room for them then.
-bool FIO_PATH::is_plain() const {
-  return m_drive.empty() && (m_directory.empty() || m_directory.back() == '/') && has_plain_extension() &&
-         m_full_path.size() == m_directory.size() + m_base.size() + m_extension.size();
-}
-
-bool FIO_PATH::has_plain_extension() const { return m_extension.empty() || m_extension.front() == '.'; }
-
-// Replaces the end of a plain text, from `start` on.
-void FIO_PATH::replace_end(std::size_t start, std::string_view end) {
-  make_room(m_full_path, start + end.size());
-  m_full_path.erase(start);
-  m_full_path += end;
-}
-
-// Whether a path that is made anew from the text of this one, and has divided into `divided`, differs from it in nothing
-// that simplification looks at.
-bool FIO_PATH::is_as_divided(stack_path const& divided) const {
-  return m_path_separator == '/' && is_plain() && divided.is_unchanged(m_full_path) &&
-         divided.directory().size() == m_directory.size() &&
-         (!divided.has_outer_dot() || divided.base().size() == m_base.size());
-}
-
-void FIO_PATH::store(stack_path const& path) {
-  // Memory runs out before anything is changed.
-  make_room(m_full_path, path.text().size());
-  make_room(m_directory, path.directory().size());
-  make_room(m_base, path.base().size());
-  make_room(m_extension, path.extension().size());
-  m_drive.clear();
-  m_full_path = path.text();
-  m_directory = path.directory();
-  m_base = path.base();
-  m_extension = path.extension();
 }
 
 // The end of a move: moved strings need not be empty.
@@ -438,10 +560,7 @@ FIO_PATH& FIO_PATH::base(std::string const& text) {
 
 FIO_PATH& FIO_PATH::filename(std::string const& text) {
   if (text.empty()) {
-    m_base.clear();
-    m_extension.clear();
-    rebuild();
-    return *this;
+    return base(text).no_extension();
   }
   divided_path const parts = divide_path(text.c_str());
   // Memory runs out before anything is changed, but for the text.
@@ -450,7 +569,7 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
   if (!parts.directory.empty()) {
     make_room(m_directory, m_directory.size() + parts.directory.size() + 2);
   }
-  bool const keeps_directory = is_plain() && parts.directory.empty();
+  bool const keeps_directory = detail::is_plain(*this) && parts.directory.empty();
   m_legal_length = parts.legal;
   if (!parts.directory.empty()) {
     close_with(m_directory, m_path_separator);
@@ -460,7 +579,7 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
   m_base = parts.base;
   m_extension = parts.extension;
   if (keeps_directory) {
-    replace_end(m_directory.size(), parts.name());
+    detail::replace_end(*this, m_directory.size(), parts.name());
   } else {
     rebuild();
   }
@@ -494,39 +613,20 @@ FIO_PATH& FIO_PATH::no_extension() {
   return *this;
 }
 
-template <typename First, typename Second>
-FIO_PATH& FIO_PATH::store_extension(First const& first, Second const& second) {
-  extension_part const parts[] = {extension_part(first), extension_part(second)};
-  bool const was_plain = is_plain();
-  // Room for two dots. Memory runs out before anything is changed, but for the text.
-  make_room(m_extension, parts[0].text.size() + parts[1].text.size() + 2);
-  m_extension.clear();
-  if (parts[0].is_present) {
-    parts[0].append_to(m_extension);
-    parts[1].append_to(m_extension);
-  }
-  if (was_plain && has_plain_extension()) {
-    replace_end(m_directory.size() + m_base.size(), c_text(m_extension));
-  } else {
-    rebuild();
-  }
-  return *this;
-}
-
 FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, FIO_EXTENSION_TYPE second) {
-  return store_extension(first, second);
+  return detail::store_extension(*this, first, second);
 }
 
 FIO_PATH& FIO_PATH::extension(FIO_EXTENSION_TYPE first, std::string const& second) {
-  return store_extension(first, second);
+  return detail::store_extension(*this, first, second);
 }
 
 FIO_PATH& FIO_PATH::extension(std::string const& first, FIO_EXTENSION_TYPE second) {
-  return store_extension(first, second);
+  return detail::store_extension(*this, first, second);
 }
 
 FIO_PATH& FIO_PATH::extension(std::string const& first, std::string const& second) {
-  return store_extension(first, second);
+  return detail::store_extension(*this, first, second);
 }
 
 FIO_PATH& FIO_PATH::path_separator(char separator) {
@@ -539,92 +639,24 @@ FIO_PATH& FIO_PATH::path_separator(char separator) {
 
 // Simplification and location
 
-void FIO_PATH::become_simplified() { simplify(is_old_simplification_chosen()); }
+void FIO_PATH::become_simplified() { detail::simplify(*this, is_old_simplification_chosen()); }
 
-void FIO_PATH::flatten() { simplify(false); }
-
-void FIO_PATH::simplify(bool in_the_old_way) {
-  if ((!in_the_old_way && !has_directory()) || is_simplified()) {
-    return;
-  }
-  stack_path path(m_full_path);
-  if (!is_as_divided(path)) {
-    simplify_components(in_the_old_way);
-    return;
-  }
-  path.simplify(in_the_old_way);
-  // All of it becomes shorter, and no memory is needed.
-  m_directory = path.directory();
-  m_full_path = path.text();
-  erase_lone_dots();
-}
-
-void FIO_PATH::erase_lone_dots() {
-  if (c_text(m_base) == ".") {
-    m_base.clear();
-  }
-  if (m_extension == ".") {
-    m_extension.clear();
-  }
-}
-
-// Whether neither way to simplify would change this path.
-bool FIO_PATH::is_simplified() const {
-  return m_path_separator == '/' && is_plain() && !m_directory.empty() &&
-         is_path_length_within_operating_system_limits(m_full_path) && !is_dot(m_base) && !is_dot(m_extension) &&
-         fio_internal::directory_size(m_full_path) == m_directory.size() && fio_internal::is_simple(m_directory);
-}
-
-// Simplifies a path that is not what its text divides into, or too long for that.
-void FIO_PATH::simplify_components(bool in_the_old_way) {
-  // Room for the root, all of the text and a separator.
-  std::string directory(m_full_path.size() + 2, '\0');
-  // A NUL may hide the whole text of a directory; not even its root is left then.
-  bool const has_root = absolute() && (in_the_old_way || !m_full_path.empty());
-  directory.front() = m_path_separator;
-  fio_internal::simplified_directory result(directory.data(), has_root ? 1 : 0, m_path_separator, absolute());
-  if (in_the_old_way) {
-    FIO_PATH const parsed(m_full_path);
-    for (level_walk walk(parsed.m_directory, parsed.m_path_separator); walk.next();) {
-      result.append(walk.level());
-    }
-  } else {
-    // What stands behind the last separator is the file name and no component, unless there is no separator at all: an
-    // assigned path may have kept another one from its source.
-    bool const all_is_one_component = m_full_path.find(m_path_separator) == std::string::npos;
-    level_walk walk(m_full_path, m_path_separator);
-    while (walk.next() && (walk.is_closed() || all_is_one_component)) {
-      result.append(walk.level());
-    }
-  }
-  directory.resize(result.close());
-  // Memory runs out before anything is changed: this is all that the text can take.
-  m_full_path.reserve(m_drive.size() + directory.size() + m_base.size() + m_extension.size() + 3);
-  m_directory = std::move(directory);
-  store_directory();
-  erase_lone_dots();
-  rebuild();
-  check_length(m_full_path);
-}
+void FIO_PATH::flatten() { detail::simplify(*this, false); }
 
 void FIO_PATH::become_absolute(std::string const& directory) {
+  std::optional<current_directory> current;
   if (directory.empty()) {
-    anchor_at(current_directory().text());
-  } else {
-    anchor_at(c_text(directory));
+    current.emplace();
   }
-}
-
-void FIO_PATH::anchor_at(std::string_view directory) {
   if (absolute()) {
     return;
   }
-  stack_path const anchor(directory);
+  stack_path const anchor(current ? current->text() : c_text(directory));
   check_length(m_full_path);
   if (m_path_separator == '/') {
     stack_path path(anchor.text(), m_full_path);
     path.simplify(is_old_simplification_chosen());
-    store(path);
+    detail::store(*this, path);
     m_legal_length = path.is_legal_length();
     return;
   }
@@ -697,37 +729,13 @@ std::string FIO_PATH::get_relative_to(std::string const& directory) const {
 
 // Comparison
 
-bool FIO_PATH::operator==(FIO_PATH const& other) const { return has_end_of(other) && is_equal(other); }
-
-// Whether the text may end with the name of another path. The ends settle it mostly that two paths are not equal.
-bool FIO_PATH::has_end_of(FIO_PATH const& other) const {
-  std::size_t const size = m_full_path.size();
-  std::size_t const name_size = other.m_base.size() + other.m_extension.size();
-  // A longer text may have its extension cut, and is complained of.
-  bool const is_known = size <= fio_internal::longest_extension && other.is_plain() &&
-                        is_path_length_within_operating_system_limits(other.m_full_path);
-  return !is_known || (size >= name_size && (name_size == 0 || m_full_path.back() == other.m_full_path.back()) &&
-                       (size == name_size || fio_internal::is_separator(m_full_path[size - name_size - 1])));
-}
-
-bool FIO_PATH::is_equal(FIO_PATH const& other) const {
-  check_length(m_full_path);
-  check_length(other.m_full_path);
-  std::string_view base = other.m_base;
-  std::string_view extension = other.m_extension;
-  if (!other.is_plain()) {
-    // As far as a C-string of the file name would reach.
-    extension = has_nul(other.m_base) ? std::string_view() : c_text(other.m_extension);
-    base = c_text(other.m_base);
-  }
-  std::string_view const name = name_in(m_full_path);
-  return name.size() == base.size() + extension.size() && name.substr(0, base.size()) == base &&
-         name.substr(base.size()) == extension && compare(other) == 0;
+bool FIO_PATH::operator==(FIO_PATH const& other) const {
+  return detail::may_end_with_name(m_full_path, other) && detail::is_equal(m_full_path, other);
 }
 
 bool FIO_PATH::operator==(std::string const& other) const {
   check_length(m_full_path);
-  return name_in(m_full_path) == name_in(c_text(other)) && compare(other) == 0;
+  return name_in(m_full_path) == name_in(c_text(other)) && detail::compare(m_full_path, other) == 0;
 }
 
 bool FIO_PATH::operator!=(FIO_PATH const& other) const { return !(*this == other); }
@@ -736,31 +744,12 @@ bool FIO_PATH::operator!=(std::string const& other) const { return !(*this == ot
 
 bool FIO_PATH::operator<(FIO_PATH const& other) const {
   check_length(m_full_path);
-  return compare(other) < 0;
+  return detail::compare(m_full_path, other) < 0;
 }
 
 bool FIO_PATH::operator<(std::string const& other) const {
   check_length(m_full_path);
-  return compare(other) < 0;
-}
-
-// The left operand is made anew from its text, with the default separator; a path on the right is copied as it comes.
-
-int FIO_PATH::compare(FIO_PATH const& other) const {
-  stack_path right(other.m_full_path);
-  if (!other.is_as_divided(right)) {
-    FIO_PATH left_copy(m_full_path);
-    FIO_PATH right_copy(other);
-    return fio_path_comparison_operation(left_copy, right_copy);
-  }
-  stack_path left(m_full_path);
-  return fio_path_comparison_operation(left, right);
-}
-
-int FIO_PATH::compare(std::string const& other) const {
-  stack_path left(m_full_path);
-  stack_path right(c_text(other));
-  return fio_path_comparison_operation(left, right);
+  return detail::compare(m_full_path, other) < 0;
 }
 
 int FIO_PATH::os_specific_comparison(char const* left, char const* right) { return std::strcmp(left, right); }

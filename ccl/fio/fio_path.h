@@ -60,11 +60,6 @@
 #include "ccl/fio/fio_export.h"
 #include "ccl/fio/fio_types.h"
 
-namespace fio_internal {
-struct divided_path;
-class stack_path;
-} // namespace fio_internal
-
 /// A file or directory name, in components and as one text.
 ///
 /// @copydetails fio_path.h
@@ -486,26 +481,13 @@ public:
   /// @}
 
 private:
-  explicit FIO_PATH(fio_internal::divided_path const& parts);
-  void store(fio_internal::stack_path const& path);
+  struct division;
+  struct detail;
+
+  explicit FIO_PATH(division const& parts);
   void store_directory();
-  template <typename First, typename Second>
-  FIO_PATH& store_extension(First const& first, Second const& second);
-  void replace_end(std::size_t start, std::string_view end);
   void rebuild();
   void leave_empty() noexcept;
-  bool is_plain() const;
-  bool has_plain_extension() const;
-  bool is_as_divided(fio_internal::stack_path const& divided) const;
-  bool is_simplified() const;
-  void simplify(bool in_the_old_way);
-  void simplify_components(bool in_the_old_way);
-  void erase_lone_dots();
-  void anchor_at(std::string_view directory);
-  bool has_end_of(FIO_PATH const& other) const;
-  bool is_equal(FIO_PATH const& other) const;
-  int compare(FIO_PATH const& other) const;
-  int compare(std::string const& other) const;
 
   std::string m_full_path;
   std::string m_drive;

@@ -4,6 +4,8 @@
 #ifndef CCL_FIO_INTERNAL_CURRENT_DIRECTORY_H
 #define CCL_FIO_INTERNAL_CURRENT_DIRECTORY_H
 
+#include <string_view>
+
 #include "ccl/fio/internal/path_text.h"
 #include "ccl/osi/osi.h"
 
@@ -21,7 +23,7 @@ public:
     osi_getcwd(buffer, size);
   }
 
-  char const* text() const { return m_known ? m_buffer : ""; }
+  std::string_view text() const { return m_known ? m_buffer : ""; }
 
 private:
   static constexpr std::size_t size = longest_path + 1;
