@@ -38,6 +38,9 @@ elseif(WAY STREQUAL "components")
                ${WORK}/refused ${options} -DWAY=components -DPROGRAM=${readme_program} "-DCMAKE_PREFIX_PATH=${PREFIX}"
                -DALSO=gui)
 
+elseif(WAY STREQUAL "pkg-config" AND NOT PKG_CONFIG)
+  message("left out: pkg-config is missing (Debian: pkgconf)")
+
 elseif(WAY STREQUAL "pkg-config")
   set(pkg_config ${CMAKE_COMMAND} -E env "PKG_CONFIG_PATH=${package_folder}" ${PKG_CONFIG})
   run(${pkg_config} --cflags --libs ccl)

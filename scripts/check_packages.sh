@@ -1,0 +1,108 @@
+#!/bin/sh
+# Builds the Debian packages, has them checked, installs them in a fresh root, builds and runs the first program of the
+# README there in three ways, removes them, and sees that nothing is left. The last line is the sum: "N passed,
+# N failed". Needs root, for the fresh root.
+
+. "$(dirname -- "$0")/common.sh"
+
+if [ "$(id -u)" != 0 ]; then
+  say "left out: a fresh root is made by root alone"
+  echo "0 passed, 0 failed"
+  exit 0
+fi
+
+need_packages debootstrap lintian
+scripts/package.sh >/dev/null
+
+passed=0
+failed=0
+check() {
+  name=$1
+  shift
+  if "$@" >"$scratch/output" 2>&1; then
+    passed=$((passed + 1))
+    say "passed: $name"
+  else
+    failed=$((failed + 1))
+    cat "$scratch/output" >&2
+    say "failed: $name"
+  fi
+}
+
+scratch=$(mktemp -d)
+root=$scratch/root
+trap 'rm -rf --one-file-system "$scratch"' EXIT
+trap 'exit 1' HUP INT TERM
+
+in_root() {
+  chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C DEBIAN_FRONTEND=noninteractive "$@"
+}
+
+# The files of the root, less what the package manager and the loader keep for themselves.
+list_root() {
+  (cd "$root" && find . -xdev \( -path ./var/lib/dpkg -o -path ./var/lib/apt -o -path ./var/cache -o -path ./var/log \
+    -o -path ./tmp -o -path ./etc/ld.so.cache \) -prune -o -print | sort)
+}
+
+lintian_is_silent() {
+  lintian --allow-root --fail-on error,warning build/packages/*.deb
+}
+
+has_no_runpath() {
+  ! in_root readelf -dW "$libraries/libccl_fio.so.0.1" | grep RUNPATH
+}
+
+prints_what_the_readme_says() {
+  (cd "$root/tmp/design" && in_root sh -c "cd /tmp/design && $1") >"$scratch/printed" 2>&1
+  cat "$scratch/printed"
+  [ "$(cat "$scratch/printed")" = "lib/alu.v: Verilog HDL File" ]
+}
+
+nothing_is_left() {
+  list_root >"$scratch/after"
+  diff "$scratch/before" "$scratch/after"
+}
+
+check "lintian has nothing to say" lintian_is_silent
+
+say "making a fresh root"
+release=$(. /etc/os-release && echo "$VERSION_CODENAME")
+{
+  debootstrap --variant=minbase "$release" "$root" &&
+    in_root apt-get install -y --no-install-recommends g++ cmake make pkgconf libboost-dev libboost-filesystem-dev
+} >"$scratch/log" 2>&1 || {
+  tail -n 20 "$scratch/log" >&2
+  exit 1
+}
+list_root >"$scratch/before"
+
+cp -r examples/design "$root/tmp/design"
+mkdir "$root/tmp/packages" "$root/tmp/tool"
+cp build/packages/*.deb "$root/tmp/packages"
+awk '/^```cpp/ { on = 1; next } /^```/ && on { exit } on' README.md >"$root/tmp/tool/tool.cpp"
+cat >"$root/tmp/tool/CMakeLists.txt" <<'END'
+cmake_minimum_required(VERSION 3.18)
+project(tool LANGUAGES CXX)
+find_package(ccl REQUIRED)
+add_executable(tool tool.cpp)
+target_link_libraries(tool PRIVATE ccl::fio)
+END
+
+check "the packages are installed" in_root sh -c 'apt-get install -y --no-install-recommends /tmp/packages/*.deb'
+libraries=/usr/lib/$(dpkg-architecture -q DEB_HOST_MULTIARCH)
+check "the library has no RUNPATH" has_no_runpath
+check "the program is built with find_package, and runs" prints_what_the_readme_says \
+  'cmake -S /tmp/tool -B /tmp/tool/build >/tmp/log && cmake --build /tmp/tool/build >/tmp/log && /tmp/tool/build/tool'
+check "the program is built with pkg-config, and runs" prints_what_the_readme_says \
+  'g++ -std=c++17 /tmp/tool/tool.cpp $(pkg-config --cflags --libs ccl) -o /tmp/configured && /tmp/configured'
+check "the program is built with the compiler alone, and runs" prints_what_the_readme_says \
+  'g++ -std=c++17 /tmp/tool/tool.cpp -lccl_fio -o /tmp/bare && /tmp/bare'
+check "the debug symbols are those of the library" in_root sh -c \
+  "id=\$(readelf -n $libraries/libccl_fio.so.0.1 | sed -n 's/.*Build ID: \\(..\\)/\\1\\//p') && readelf -SW /usr/lib/debug/.build-id/\$id.debug | grep -q debug_info"
+check "the pages of reference are there" test -f "$root/usr/share/doc/libccl-fio-doc/html/index.html"
+check "the packages are removed" in_root sh -c \
+  'apt-get purge -y $(for file in /tmp/packages/*.deb; do dpkg-deb -f $file Package; done)'
+check "nothing is left" nothing_is_left
+
+echo "$passed passed, $failed failed"
+[ "$failed" = 0 ]

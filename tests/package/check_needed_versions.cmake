@@ -1,0 +1,22 @@
+# Compares the highest version of each family of symbols that FIO and PLATFORM need, those of the C library, the C++
+# library and the compiler's, with the list in EXPECTED.
+
+set(needed)
+foreach(library ${FIO} ${PLATFORM})
+  get_filename_component(name ${library} NAME_WE)
+  execute_process(COMMAND ${READELF} -VW ${library} OUTPUT_VARIABLE versions COMMAND_ERROR_IS_FATAL ANY)
+  foreach(family GLIBC GLIBCXX CXXABI GCC)
+    string(REGEX MATCHALL "Name: ${family}_[0-9.]+" symbols "${versions}")
+    list(SORT symbols COMPARE NATURAL)
+    if(symbols)
+      list(GET symbols -1 highest)
+      string(REPLACE "Name: " "" highest ${highest})
+      list(APPEND needed "${name} ${highest}")
+    endif()
+  endforeach()
+endforeach()
+file(STRINGS ${EXPECTED} expected)
+if(NOT needed STREQUAL expected)
+  list(JOIN needed "\n" needed)
+  message(FATAL_ERROR "the libraries need, other than ${EXPECTED} says:\n${needed}")
+endif()
