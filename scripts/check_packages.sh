@@ -49,11 +49,15 @@ lintian_is_silent() {
 }
 
 has_no_runpath() {
-  ! in_root readelf -dW "$libraries/libccl_fio.so.0.1" | grep RUNPATH
+  case $(in_root readelf -dW "$libraries/libccl_fio.so.0.1") in
+  *RPATH* | *RUNPATH*) return 1 ;;
+  *SONAME*) ;;
+  *) return 1 ;;
+  esac
 }
 
 prints_what_the_readme_says() {
-  (cd "$root/tmp/design" && in_root sh -c "cd /tmp/design && $1") >"$scratch/printed" 2>&1
+  in_root sh -c "cd /tmp/design && $1" >"$scratch/printed" 2>&1
   cat "$scratch/printed"
   [ "$(cat "$scratch/printed")" = "lib/alu.v: Verilog HDL File" ]
 }
