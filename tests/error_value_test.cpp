@@ -16,6 +16,7 @@
 
 #include "ccl/err/korvane_error.h"
 #include "ccl/fio/fio_errc.h"
+#include "ccl/fio/fio_file_sys.h"
 #include "tests/support/allocation_failure.h"
 #include "tests/support/scratch.h"
 
@@ -227,6 +228,26 @@ TEST_F(error_value, texts_are_told_word_for_word) {
   };
   for (auto const& row : rows) {
     EXPECT_EQ(row.make(row.path)->message().m_lines[0].m_text, row.text) << row.path;
+  }
+}
+
+TEST_F(error_value, the_errors_of_the_library_have_the_words_that_the_factory_makes) {
+  std::vector<std::string> paths = {""};
+  for (std::size_t i = 0; i != paths.size() && paths[i].size() != 4; ++i) {
+    for (char const character : std::string("%s1$ \xff\0", 7)) {
+      paths.push_back(paths[i] + character);
+    }
+  }
+  paths.push_back(repeated(3000));
+  for (std::string const& path : paths) {
+    std::unique_ptr<FIO_ERRC> const own = FIO_FILE_SYSTEM::remove_empty_subdirectories(path, true);
+    ASSERT_NE(dynamic_cast<FIO::ERRC::NOT_A_DIRECTORY_ERRC*>(own.get()), nullptr) << path;
+    std::unique_ptr<FIO_ERRC> const made = make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>(path);
+    ASSERT_EQ(own->message().m_lines.size(), 1u);
+    ASSERT_EQ(own->message().m_lines[0].m_text, made->message().m_lines[0].m_text);
+    ASSERT_EQ(own->message().m_lines[0].m_aux_text, made->message().m_lines[0].m_aux_text);
+    ASSERT_EQ(own->message().m_lines[0].m_code, made->message().m_lines[0].m_code);
+    ASSERT_EQ(own->message().m_lines[0].m_indent, made->message().m_lines[0].m_indent);
   }
 }
 

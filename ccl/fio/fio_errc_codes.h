@@ -21,6 +21,8 @@
 
 #include <initializer_list>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "ccl/err/korvane_errc.h"
 #include "ccl/fio/fio_export.h"
@@ -33,6 +35,13 @@ class basic_format;
 
 } // namespace boost
 
+namespace fio_internal {
+
+template <typename T>
+std::unique_ptr<T> make_path_error(std::string const& path);
+
+} // namespace fio_internal
+
 /// The base of this library's errors: it holds the message, which has one line when made.
 ///
 /// @copydetails fio_errc_codes.h
@@ -42,11 +51,7 @@ public:
   ///
   /// @throws boost::io::format_error if the object was fed too few arguments
   template <typename Character, typename Traits, typename Allocator>
-  explicit FIO_ERRC(boost::basic_format<Character, Traits, Allocator> const& formatted) {
-    m_message.m_lines.emplace_back();
-    m_message.m_lines.back().m_text = formatted.str();
-    m_message.unpack_submsgs(std::initializer_list<KORVANE_ERROR_MESSAGE>());
-  }
+  explicit FIO_ERRC(boost::basic_format<Character, Traits, Allocator> const& formatted) : FIO_ERRC(formatted.str()) {}
 
   std::unique_ptr<KORVANE_ERRC> clone() const override = 0;
   ~FIO_ERRC() override;
@@ -60,6 +65,15 @@ protected:
   FIO_ERRC(FIO_ERRC const&) = default;
 
 private:
+  template <typename T>
+  friend std::unique_ptr<T> fio_internal::make_path_error(std::string const& path);
+
+  explicit FIO_ERRC(std::string words) {
+    m_message.m_lines.emplace_back();
+    m_message.m_lines.back().m_text = std::move(words);
+    m_message.unpack_submsgs(std::initializer_list<KORVANE_ERROR_MESSAGE>());
+  }
+
   KORVANE_ERROR_MESSAGE m_message;
 };
 

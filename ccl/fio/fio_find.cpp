@@ -18,13 +18,13 @@ using fio_internal::nothing_found;
 
 MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 
-std::string fio_remove_leading_and_trailing_white_spaces(std::string const& text) {
-  static constexpr char white_space[] = " \t\n\r";
+std::string fio_remove_leading_and_trailing_white_spaces(std::string_view text) {
+  static constexpr std::string_view white_space = " \t\n\r";
   std::size_t const start = text.find_first_not_of(white_space);
-  if (start == std::string::npos) {
+  if (start == std::string_view::npos) {
     return {};
   }
-  return text.substr(start, text.find_last_not_of(white_space) - start + 1);
+  return std::string(text.substr(start, text.find_last_not_of(white_space) - start + 1));
 }
 
 std::string lower_case(std::string text) {
