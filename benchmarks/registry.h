@@ -21,9 +21,10 @@
 namespace bench {
 
 /// The implementations that every build has.
-inline constexpr char library[] = "fio";   ///< the library
+inline constexpr char library[] = "fio";      ///< the library
 inline constexpr char least_code[] = "floor"; ///< the least code with the results and system calls of the library
 inline constexpr char bare_calls[] = "bare";  ///< the system or string calls alone that the floor cannot do without
+inline constexpr char libc[] = "libc";        ///< the C library
 
 /// When the state of a workload is made.
 enum class state_is { kept, made_for_each_pass };

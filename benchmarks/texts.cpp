@@ -30,10 +30,11 @@ private:
 
 constexpr std::uint64_t seed = 20251121;
 
-char const* const words[] = {"alu",     "fifo",     "uart",   "core",     "bus",      "bridge",    "timing",  "memory",
-                             "decoder", "arbiter",  "cache",  "pipeline", "register", "interrupt", "channel", "packet",
-                             "clock",   "reset",    "serial", "transmit", "receive",  "buffer",    "control", "status",
-                             "floorplan", "netlist", "report", "constraint", "simulation", "wrapper", "io", "tb"};
+char const* const words[] = {"alu",        "fifo",    "uart",    "core",      "bus",      "bridge",   "timing",
+                             "memory",     "decoder", "arbiter", "cache",     "pipeline", "register", "interrupt",
+                             "channel",    "packet",  "clock",   "reset",     "serial",   "transmit", "receive",
+                             "buffer",     "control", "status",  "floorplan", "netlist",  "report",   "constraint",
+                             "simulation", "wrapper", "io",      "tb"};
 char const* const roots[] = {"projects", "home/design", "work", "srv/builds/nightly", "usr/share", "opt/tools"};
 char const* const folders[] = {"rtl", "lib", "sim", "doc", "include", "scripts", "db", "output_files", "synthesis"};
 char const* const extensions[] = {".v", ".sv", ".vhd", ".h", ".tcl", ".sdc", ".txt", ".rpt", ".mif", ".py", ".csf.rpt"};
@@ -99,9 +100,14 @@ std::string make_untidy(std::string const& text, dice& rolls) {
 texts in_proportion(texts plain, dice& rolls) {
   for (std::size_t i = 0; i != plain.size(); ++i) {
     switch (i % 10) {
-    case 8: plain[i] = cut_to_relative(plain[i], rolls); break;
-    case 9: plain[i] = make_untidy(plain[i], rolls); break;
-    default: break;
+    case 8:
+      plain[i] = cut_to_relative(plain[i], rolls);
+      break;
+    case 9:
+      plain[i] = make_untidy(plain[i], rolls);
+      break;
+    default:
+      break;
     }
   }
   return plain;
@@ -176,14 +182,46 @@ texts machine_texts(std::size_t count) {
 
 texts odd_texts() {
   std::string const levels(511, 'd');
-  return {"",      ".",       "..",       "/",          "//",         "\\",        "a",          "/a",
-          "/..",   "/../..",  "/a/..",    "a/..",       "a/../..",    "../..",     "../../a/..", "./",
-          "/./.",  "/a/b/.",  "dir/..",   "dir/...",    "..v",        "dir/..v",   ".profile",   "dir/.profile",
-          "a.b.c", "dir.d/f", "a/.b/..c", "C:\\x\\y.z", "a///b\\\\c", "a/b//../c", "/a/./",      "x/./././",
-          "/" + levels + "/" + std::string(510, 'n'),  // the longest path
-          "/" + levels + "/" + std::string(511, 'n'),  // one more
-          std::string(1023, 'n'), std::string(1024, 'n'), "n." + std::string(255, 'e'), "n." + std::string(256, 'e'),
-          "/d/./n." + std::string(300, 'e'), levels + "/../" + std::string(500, 'n')};
+  return {"",
+          ".",
+          "..",
+          "/",
+          "//",
+          "\\",
+          "a",
+          "/a",
+          "/..",
+          "/../..",
+          "/a/..",
+          "a/..",
+          "a/../..",
+          "../..",
+          "../../a/..",
+          "./",
+          "/./.",
+          "/a/b/.",
+          "dir/..",
+          "dir/...",
+          "..v",
+          "dir/..v",
+          ".profile",
+          "dir/.profile",
+          "a.b.c",
+          "dir.d/f",
+          "a/.b/..c",
+          "C:\\x\\y.z",
+          "a///b\\\\c",
+          "a/b//../c",
+          "/a/./",
+          "x/./././",
+          "/" + levels + "/" + std::string(510, 'n'), // the longest path
+          "/" + levels + "/" + std::string(511, 'n'), // one more
+          std::string(1023, 'n'),
+          std::string(1024, 'n'),
+          "n." + std::string(255, 'e'),
+          "n." + std::string(256, 'e'),
+          "/d/./n." + std::string(300, 'e'),
+          levels + "/../" + std::string(500, 'n')};
 }
 
 void use_texts(texts all) {

@@ -32,12 +32,12 @@ void use_texts(texts all);
 /// @name The texts in use, and what is derived from them
 /// @{
 texts const& all_texts();
-texts const& plain_absolute();    ///< in normal form
-texts const& plain_relative();    ///< in normal form
-texts const& dotted();            ///< with "." or ".."
-texts const& names();             ///< file names
-text_pairs const& neighbours();   ///< different texts, side by side in their order
-text_pairs const& same_places();  ///< a text and another spelling of it
+texts const& plain_absolute();          ///< in normal form
+texts const& plain_relative();          ///< in normal form
+texts const& dotted();                  ///< with "." or ".."
+texts const& names();                   ///< file names
+text_pairs const& neighbours();         ///< different texts, side by side in their order
+text_pairs const& same_places();        ///< a text and another spelling of it
 text_pairs const& path_and_directory(); ///< a text and a directory that shares its beginning
 /// @}
 

@@ -5,7 +5,8 @@
 # Without an argument, what is worth knowing before a commit: the release build with its tests; the programs of these
 # tests over a library that is built for AddressSanitizer and UndefinedBehaviorSanitizer; and threads and processes under
 # ThreadSanitizer. With --tests all tests in all three builds, where the tests are instrumented as well and each is a
-# process. With --full also the other compiler, clang-tidy, the packages, and the campaigns whole.
+# process. With --full also the other compiler, clang-tidy, the packages, the instruction counts of the benchmarks, and the
+# campaigns whole.
 
 . "$(dirname -- "$0")/common.sh"
 

@@ -27,7 +27,8 @@ inline unsigned integer(std::size_t item) { return static_cast<unsigned>(item) *
 /// `write(stream, value)` writes one integer.
 template <typename Write>
 void add_writing(std::string name, Write write, std::string note = {}) {
-  add("streams.write", std::move(name), [] { return integer_stream{std::make_unique<std::stringstream>()}; },
+  add(
+      "streams.write", std::move(name), [] { return integer_stream{std::make_unique<std::stringstream>()}; },
       [write](integer_stream const& file, std::size_t item, auto visit) {
         write(*file.stream, integer(item));
         visit(file.stream->good());
@@ -39,7 +40,8 @@ void add_writing(std::string name, Write write, std::string note = {}) {
 /// `read(stream)` reads one integer.
 template <typename Read>
 void add_reading(std::string name, Read read, std::string note = {}) {
-  add("streams.read", std::move(name),
+  add(
+      "streams.read", std::move(name),
       [] {
         std::string bytes(integer_stream::count * sizeof(unsigned), '\0');
         for (std::size_t i = 0; i != bytes.size(); ++i) {

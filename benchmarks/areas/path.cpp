@@ -34,14 +34,17 @@ void add_values(char const* name) {
     visit(path.extension());
     visit(path.fullpath());
   });
-  add("path.assign", name, [] { return paths_of<Path>(all_texts()); },
+  add(
+      "path.assign", name, [] { return paths_of<Path>(all_texts()); },
       [](std::vector<Path>& paths, std::size_t item, auto visit) {
         paths[item] = all_texts()[(item + 1) % paths.size()].c_str();
         visit(paths[item]);
       });
-  add("path.copy", name, [] { return paths_of<Path>(all_texts()); },
+  add(
+      "path.copy", name, [] { return paths_of<Path>(all_texts()); },
       [](std::vector<Path> const& paths, std::size_t item, auto visit) { visit(Path(paths[item])); });
-  add("path.move", name, [] { return paths_of<Path>(all_texts()); },
+  add(
+      "path.move", name, [] { return paths_of<Path>(all_texts()); },
       [](std::vector<Path>& paths, std::size_t item, auto visit) {
         Path moved(std::move(paths[item]));
         visit(moved);
@@ -74,8 +77,10 @@ void add_places(char const* name) {
     path.become_simplified();
     visit(path);
   };
-  add("simplify.clean", name, [] { return paths_of<Path>(plain_absolute()); }, simplify);
-  add("simplify.dotted", name, [] { return paths_of<Path>(dotted()); }, simplify);
+  add(
+      "simplify.clean", name, [] { return paths_of<Path>(plain_absolute()); }, simplify);
+  add(
+      "simplify.dotted", name, [] { return paths_of<Path>(dotted()); }, simplify);
   auto const make_absolute = [](std::string const& directory) {
     return [&directory](std::vector<Path> const& paths, std::size_t item, auto visit) {
       Path path(paths[item]);
@@ -83,9 +88,12 @@ void add_places(char const* name) {
       visit(path);
     };
   };
-  add("absolute.current", name, [] { return paths_of<Path>(plain_relative()); }, make_absolute(no_text));
-  add("absolute.given", name, [] { return paths_of<Path>(plain_relative()); }, make_absolute(given_directory));
-  add("relative", name,
+  add(
+      "absolute.current", name, [] { return paths_of<Path>(plain_relative()); }, make_absolute(no_text));
+  add(
+      "absolute.given", name, [] { return paths_of<Path>(plain_relative()); }, make_absolute(given_directory));
+  add(
+      "relative", name,
       [] {
         std::vector<std::pair<Path, std::string>> pairs;
         for (auto const& [text, directory] : path_and_directory()) {
@@ -104,12 +112,17 @@ void add_comparisons(char const* name) {
   auto const less = [](auto const& pairs, std::size_t item, auto visit) {
     visit(pairs[item].first < pairs[item].second);
   };
-  add("compare.other_name", name, [] { return path_pairs_of<Path>(neighbours()); }, equal);
-  add("compare.same_place", name, [] { return path_pairs_of<Path>(same_places()); }, equal);
-  add("compare.less", name, [] { return path_pairs_of<Path>(neighbours()); }, less);
-  add("compare.sort", name, [] { return groups<Path>{paths_of<Path>(plain_absolute())}; },
+  add(
+      "compare.other_name", name, [] { return path_pairs_of<Path>(neighbours()); }, equal);
+  add(
+      "compare.same_place", name, [] { return path_pairs_of<Path>(same_places()); }, equal);
+  add(
+      "compare.less", name, [] { return path_pairs_of<Path>(neighbours()); }, less);
+  add(
+      "compare.sort", name, [] { return groups<Path>{paths_of<Path>(plain_absolute())}; },
       [](groups<Path> const& all, std::size_t item, auto visit) {
-        sort_group(all, item, [](Path const& a, Path const& b) { return a < b; }, visit);
+        sort_group(
+            all, item, [](Path const& a, Path const& b) { return a < b; }, visit);
       });
 }
 
@@ -179,15 +192,18 @@ void add_bare_calls() {
     }
     return strings;
   };
-  add("path.construct", bare_calls, divided,
+  add(
+      "path.construct", bare_calls, divided,
       [](divided_texts const& all, std::size_t item, auto visit) {
         visit(five_strings(all.text[item], all.parts[item]));
       },
       "copies strings whose lengths are known");
-  add("path.copy", bare_calls, strings_of,
+  add(
+      "path.copy", bare_calls, strings_of,
       [](std::vector<five_strings> const& all, std::size_t item, auto visit) { visit(five_strings(all[item])); },
       "five strings");
-  add("path.move", bare_calls, strings_of,
+  add(
+      "path.move", bare_calls, strings_of,
       [](std::vector<five_strings>& all, std::size_t item, auto visit) {
         five_strings moved(std::move(all[item]));
         visit(moved);
@@ -199,13 +215,15 @@ void add_bare_calls() {
     visit(std::getenv("fio_old_simplify") != nullptr);
   };
   add("simplify.clean", bare_calls, plain_absolute, read_environment, "reads the environment alone");
-  add("absolute.current", bare_calls, plain_relative,
+  add(
+      "absolute.current", bare_calls, plain_relative,
       [](texts const&, std::size_t, auto visit) {
         char current[1024];
         visit(::getcwd(current, sizeof current) != nullptr);
       },
       "reads the current directory alone");
-  add("compare.less", bare_calls, neighbours,
+  add(
+      "compare.less", bare_calls, neighbours,
       [](text_pairs const& pairs, std::size_t item, auto visit) {
         char current[1024];
         for (int side = 0; side != 2; ++side) {
@@ -215,9 +233,53 @@ void add_bare_calls() {
         visit(std::strcmp(pairs[item].first.c_str(), pairs[item].second.c_str()) < 0);
       },
       "reads environment and current directory, and compares the texts");
-  add("compare.other_name", bare_calls, neighbours,
+  add(
+      "compare.other_name", bare_calls, neighbours,
       [](text_pairs const& pairs, std::size_t item, auto visit) { visit(pairs[item].first == pairs[item].second); },
       "compares the texts");
+}
+
+// A path without one sentence of the contract: what that sentence costs.
+
+// One string, and how it divides.
+struct one_string {
+  explicit one_string(std::string_view from) : parts(floors::divide(from)), text(from) {}
+
+  floors::division parts;
+  std::string text;
+};
+
+int compare_texts(FIO_PATH const& left, FIO_PATH const& right) { return FIO_PATH::os_specific_comparison(left, right); }
+
+void add_variants() {
+  add(
+      "path.construct", "one string", plain_absolute,
+      [](texts const& from, std::size_t item, auto visit) { visit(one_string(from[item].c_str())); },
+      "one string and three lengths in the place of five strings; normal form is not made");
+  add(
+      "path.copy", "one string",
+      [] {
+        std::vector<one_string> all;
+        for (std::string const& text : all_texts()) {
+          all.emplace_back(text);
+        }
+        return all;
+      },
+      [](std::vector<one_string> const& all, std::size_t item, auto visit) { visit(one_string(all[item])); },
+      "one string and three lengths in the place of five strings");
+  add(
+      "compare.less", "by text", [] { return path_pairs_of<FIO_PATH>(neighbours()); },
+      [](auto const& pairs, std::size_t item, auto visit) {
+        visit(compare_texts(pairs[item].first, pairs[item].second) < 0);
+      },
+      "the library's own comparison of two texts");
+  add(
+      "compare.sort", "by text", [] { return groups<FIO_PATH>{paths_of<FIO_PATH>(plain_absolute())}; },
+      [](groups<FIO_PATH> const& all, std::size_t item, auto visit) {
+        sort_group(
+            all, item, [](FIO_PATH const& a, FIO_PATH const& b) { return compare_texts(a, b) < 0; }, visit);
+      },
+      "the library's own comparison of two texts");
 }
 
 } // namespace
@@ -258,6 +320,7 @@ void add_path_workloads() {
   add_growth<FIO_PATH>(library);
   add_growth<floors::path>(least_code);
   add_bare_calls();
+  add_variants();
 }
 
 } // namespace bench

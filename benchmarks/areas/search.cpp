@@ -29,17 +29,20 @@ void add_searches(char const* workload, std::vector<std::string> const& (*names)
   auto const find_first = [](auto const& state, std::size_t item, auto visit) {
     visit(state.search->find_first(state.names[item]));
   };
-  add(workload, library,
+  add(
+      workload, library,
       [names] {
         return searches<FIO_FIND>{std::make_shared<FIO_FIND const>(searched_tree().search_path(';'), false), names()};
       },
       find_first);
-  add(workload, least_code,
+  add(
+      workload, least_code,
       [names] {
         return searches<floors::search>{std::make_shared<floors::search const>(searched_tree().directories), names()};
       },
       find_first);
-  add(workload, bare_calls,
+  add(
+      workload, bare_calls,
       [names] {
         // The texts that are asked for.
         std::vector<std::vector<std::string>> questions;
@@ -62,6 +65,31 @@ void add_searches(char const* workload, std::vector<std::string> const& (*names)
         }
       },
       "asks the same questions on texts that exist");
+  add(
+      workload, "one question",
+      [names] {
+        return searches<std::vector<std::string>>{
+            std::make_shared<std::vector<std::string> const>(searched_tree().directories), names()};
+      },
+      [](auto const& state, std::size_t item, auto visit) {
+        struct stat status;
+        std::string candidate;
+        for (std::string const& directory : *state.search) {
+          candidate.assign(directory).append(state.names[item]);
+          if (::stat(candidate.c_str(), &status) == 0) {
+            visit(floors::path(candidate));
+            break;
+          }
+        }
+      },
+      "asks for the file alone, not for its directory");
+  add(
+      workload, "find",
+      [names] {
+        return searches<FIO_FIND>{std::make_shared<FIO_FIND const>(searched_tree().search_path(';'), false), names()};
+      },
+      [](auto const& state, std::size_t item, auto visit) { visit(state.search->find(state.names[item])); },
+      "the library's search for a text, which asks for the file alone");
 }
 
 } // namespace

@@ -13,8 +13,10 @@
 
 namespace bench {
 
+inline std::string changed_top() { return scratch() + "/changed"; }
+
 struct changed_tree : single {
-  changed_tree() : single{copied_tree().size()}, top(scratch() + "/changed") { std::filesystem::remove_all(top); }
+  changed_tree() : single{copied_tree().size()}, top(changed_top()) { std::filesystem::remove_all(top); }
 
   std::string top;
 };
@@ -22,7 +24,8 @@ struct changed_tree : single {
 /// `copy(source, target)` makes the target, which does not exist, and says whether it could.
 template <typename Copy>
 void add_copy(std::string name, Copy copy, std::string note = {}) {
-  add("copy.tree", std::move(name), [] { return changed_tree(); },
+  add(
+      "copy.tree", std::move(name), [] { return changed_tree(); },
       [copy](changed_tree const& tree, std::size_t, auto visit) {
         visit(copy(copied_tree().top, tree.top));
         visit.later([&tree] { return listing(tree.top); });
@@ -33,7 +36,8 @@ void add_copy(std::string name, Copy copy, std::string note = {}) {
 /// `remove(top)` says whether it could.
 template <typename Remove>
 void add_removal(std::string name, Remove remove, std::string note = {}) {
-  add("remove.tree", std::move(name),
+  add(
+      "remove.tree", std::move(name),
       [] {
         changed_tree tree;
         make_again(copied_tree(), tree.top);

@@ -38,7 +38,8 @@ private:
 
 template <typename Table>
 void look_up(char const* name, std::string note) {
-  add("vocabulary.type_by_name", name, names,
+  add(
+      "vocabulary.type_by_name", name, names,
       [](texts const& from, std::size_t item, auto visit) {
         static Table const table;
         visit(static_cast<int>(table.type_of(from[item])));
@@ -50,9 +51,8 @@ void look_up(char const* name, std::string note) {
 
 void add_vocabulary_workloads() {
   add_workload("vocabulary.type_by_name", "the type of a file by its name");
-  add("vocabulary.type_by_name", library, names, [](texts const& from, std::size_t item, auto visit) {
-    visit(static_cast<int>(fio_get_file_type(from[item])));
-  });
+  add("vocabulary.type_by_name", library, names,
+      [](texts const& from, std::size_t item, auto visit) { visit(static_cast<int>(fio_get_file_type(from[item]))); });
   look_up<floors::vocabulary>(least_code, "");
   look_up<hash_table>("hash table", "an index that is built first");
 }

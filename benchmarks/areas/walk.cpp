@@ -53,7 +53,8 @@ void add_directory_walks(char const* workload, char const* pattern, std::string 
   });
   add(workload, least_code, state,
       [](directory_walk const& walk, std::size_t, auto visit) { floors::walk_matches(walk.pattern, visit); });
-  add(workload, bare_calls, state,
+  add(
+      workload, bare_calls, state,
       [ending = shell_pattern.substr(1)](directory_walk const& walk, std::size_t, auto visit) {
         DIR* const stream = ::opendir(walk.directory.c_str());
         struct stat status;
@@ -70,7 +71,19 @@ void add_directory_walks(char const* workload, char const* pattern, std::string 
         ::closedir(stream);
       },
       "asks in the open directory, by the name alone");
-  add(workload, "libc", state,
+  add(
+      workload, "no status", state,
+      [](directory_walk const& walk, std::size_t, auto visit) {
+        FIO_DIRECTORY_ITERATOR entry(walk.directory.c_str());
+        for (FIO_DIRECTORY_ITERATOR const end; !(entry == end); ++entry) {
+          if (floors::matches(entry->path.c_str(), walk.pattern.c_str())) {
+            visit(*entry);
+          }
+        }
+      },
+      "the library's iterator, which says no more than what the directory says");
+  add(
+      workload, libc, state,
       [](directory_walk const& walk, std::size_t, auto visit) {
         glob_t found = {};
         ::glob(walk.pattern.c_str(), GLOB_NOSORT, nullptr, &found);
@@ -98,10 +111,10 @@ void add_tree_walks() {
       visit(*entry);
     }
   });
-  add("walk.tree", least_code, state, [](tree_walk const& walk, std::size_t, auto visit) {
-    floors::tree_walk(walk.top).below(visit);
-  });
-  add("walk.tree", bare_calls, state,
+  add("walk.tree", least_code, state,
+      [](tree_walk const& walk, std::size_t, auto visit) { floors::tree_walk(walk.top).below(visit); });
+  add(
+      "walk.tree", bare_calls, state,
       [](tree_walk const& walk, std::size_t, auto visit) {
         struct stat status;
         auto const read_all = [&](std::string const& directory) {
@@ -118,7 +131,8 @@ void add_tree_walks() {
         }
       },
       "the directories are known, and no path is made");
-  add("walk.tree", "libc", state,
+  add(
+      "walk.tree", libc, state,
       [](tree_walk& walk, std::size_t, auto visit) {
         char* const tops[] = {walk.top.data(), nullptr};
         FTS* const tree = ::fts_open(tops, FTS_PHYSICAL | FTS_NOSTAT | FTS_NOCHDIR, nullptr);
@@ -128,11 +142,16 @@ void add_tree_walks() {
         ::fts_close(tree);
       },
       "fts without status; visits a directory twice");
-  add("walk.tree", "nftw", state,
+  add(
+      "walk.tree", "nftw", state,
       [](tree_walk const& walk, std::size_t, auto visit) {
         visit(::nftw(
-            walk.top.c_str(), [](char const* path, struct stat const*, int, FTW*) { keep()(path); return 0; }, 16,
-            FTW_PHYS));
+            walk.top.c_str(),
+            [](char const* path, struct stat const*, int, FTW*) {
+              keep()(path);
+              return 0;
+            },
+            16, FTW_PHYS));
       },
       "libc's; asks the status of every entry");
 }

@@ -45,18 +45,20 @@ void add_wildcard_workloads() {
     add(what.workload, least_code, what.names, [&what](texts const& from, std::size_t item, auto visit) {
       visit(floors::matches(from[item].c_str(), what.pattern.c_str()));
     });
-    add(what.workload, "libc", what.names, [&what](texts const& from, std::size_t item, auto visit) {
+    add(what.workload, libc, what.names, [&what](texts const& from, std::size_t item, auto visit) {
       visit(::fnmatch(what.pattern.c_str(), from[item].c_str(), 0) == 0);
     });
   }
-  add("wildcard.suffix", bare_calls, names,
+  add(
+      "wildcard.suffix", bare_calls, names,
       [](texts const& from, std::size_t item, auto visit) {
         char const* const name = from[item].c_str();
         std::size_t const size = std::strlen(name);
         visit(size >= 2 && std::memcmp(name + size - 2, ".v", 2) == 0);
       },
       "compares the end alone");
-  add("wildcard.equal_run", bare_calls, pattern_cases()[5].names,
+  add(
+      "wildcard.equal_run", bare_calls, pattern_cases()[5].names,
       [](texts const& from, std::size_t item, auto visit) {
         static std::string const run = std::string(100, 'a') + 'b';
         visit(std::strstr(from[item].c_str(), run.c_str()) != nullptr);

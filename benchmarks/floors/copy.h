@@ -37,7 +37,9 @@ inline bool create_directory(std::string const& path) {
   return exists(path.c_str());
 }
 
-inline bool copy_content(int source, char const* target) {
+/// `finish(descriptor)` is called when all is written.
+template <typename Finish>
+bool copy_content(int source, char const* target, Finish finish) {
   int const descriptor = ::open(target, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (descriptor == -1) {
     return false;
@@ -48,12 +50,15 @@ inline bool copy_content(int source, char const* target) {
   while (written && (size = ::read(source, block, sizeof block)) > 0) {
     written = ::write(descriptor, block, static_cast<std::size_t>(size)) == size;
   }
-  ::fsync(descriptor);
+  finish(descriptor);
   ::close(descriptor);
   return written && size == 0;
 }
 
-inline bool copy_file(char const* source, char const* target) {
+inline void force_out(int descriptor) { ::fsync(descriptor); }
+
+template <typename Finish>
+bool copy_file(char const* source, char const* target, Finish finish) {
   if (!exists(source)) {
     return false;
   }
@@ -64,13 +69,14 @@ inline bool copy_file(char const* source, char const* target) {
   if (exists(target)) {
     std::remove(target);
   }
-  bool const copied = exists(target) || copy_content(descriptor, target);
+  bool const copied = exists(target) || copy_content(descriptor, target, finish);
   ::close(descriptor);
   return copied;
 }
 
 /// Copies a tree over another one. Both texts end with '/', and serve to name the entries.
-inline bool copy_tree(std::string& source, std::string& target) {
+template <typename Finish>
+bool copy_tree(std::string& source, std::string& target, Finish finish) {
   if (!exists(target.c_str()) && !create_directory(target)) {
     return false;
   }
@@ -90,9 +96,9 @@ inline bool copy_tree(std::string& source, std::string& target) {
     if (found.attrib == 0x10) {
       source += '/';
       target += '/';
-      copied = copy_tree(source, target);
+      copied = copy_tree(source, target, finish);
     } else {
-      copied = copy_file(source.c_str(), target.c_str());
+      copied = copy_file(source.c_str(), target.c_str(), finish);
     }
   }
   if (stream != nullptr) {

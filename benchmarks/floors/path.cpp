@@ -86,9 +86,8 @@ bool any_after(std::string_view text, Test test) {
 }
 
 bool is_plain(std::string_view directory) {
-  return !(directory.substr(0, 1) == "\\" || any_after(directory, [](auto before, auto at) {
-             return (at == '\\') | ((at == '/') & (before == '/'));
-           }));
+  return !(directory.substr(0, 1) == "\\" ||
+           any_after(directory, [](auto before, auto at) { return (at == '\\') | ((at == '/') & (before == '/')); }));
 }
 
 bool has_level_with_dot(std::string_view directory) {
@@ -109,19 +108,17 @@ std::size_t flatten(char* text, std::size_t size) {
   std::size_t start = directory.front() == '.' ? 0 : directory.find("/.") + 1;
   std::size_t end = start;
   while (start != size) {
-    std::size_t const next = directory.find('/', start) + 1;
-    std::string_view const level = directory.substr(start, next - start);
-    start = next;
-    if (level == "./" || (level == "../" && absolute && end == fixed)) {
-      continue;
-    }
+    std::size_t level_end = end;
+    do {
+      text[level_end++] = text[start];
+    } while (text[start++] != '/');
+    std::string_view const level(text + end, level_end - end);
     if (level == "../" && end != fixed) {
       end = length_up_to_last({text, end - 1}, '/');
-      continue;
+    } else if (level != "./" && (level != "../" || !absolute)) {
+      end = level_end;
+      fixed = level == "../" ? end : fixed;
     }
-    std::memmove(text + end, level.data(), level.size());
-    end += level.size();
-    fixed = level == "../" ? end : fixed;
   }
   return end;
 }
@@ -266,17 +263,19 @@ std::string path::extension() const {
   return {m_extension, !m_extension.empty() && m_extension.front() == '.' ? std::size_t(1) : std::size_t(0)};
 }
 
-int path::levels() const {
-  return static_cast<int>(count_levels(m_directory)) - (is_absolute() ? 1 : 0);
-}
+int path::levels() const { return static_cast<int>(count_levels(m_directory)) - (is_absolute() ? 1 : 0); }
 
 std::string path::operator[](int level) const {
   checked(m_full);
-  std::size_t start = is_absolute() ? 1 : 0;
-  for (; level > 0 && start < m_directory.size(); --level) {
-    start = m_directory.find('/', start) + 1;
+  char const* start = m_directory.c_str() + (is_absolute() ? 1 : 0);
+  for (; level > 0 && *start != '\0'; ++start) {
+    level -= *start == '/' ? 1 : 0; // levels are too short for a search by the C library
   }
-  return m_directory.substr(start, m_directory.find('/', start) - start);
+  char const* end = start;
+  while (*end != '/' && *end != '\0') {
+    ++end;
+  }
+  return {start, end};
 }
 
 void path::filename(std::string_view text) {

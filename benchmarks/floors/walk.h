@@ -50,10 +50,10 @@ void walk_matches(std::string_view pattern, Visitor const& visit) {
   path[prefix - 1] = '/';
   _finddata_t found;
   while (dirent64 const* const entry = ::readdir64(stream)) {
-    // The directory fits by itself, and a `*` that begins the name's own pattern may stand for nothing there.
+    // The directory fits by itself.
     std::string_view const name = entry->d_name;
     path[prefix + name.copy(path + prefix, sizeof path - prefix - 1)] = '\0';
-    if (matches(path, pattern.data()) && prefix + name.size() <= 1023 &&
+    if (matches(entry->d_name, pattern.data() + prefix) && prefix + name.size() <= 1023 &&
         name.find_first_of("*?") == std::string_view::npos && read_entry(path, name, found)) {
       visit(found);
     }

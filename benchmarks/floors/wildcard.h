@@ -11,8 +11,9 @@
 namespace floors {
 
 inline bool run_fits(std::string_view run, char const* name) {
-  if (std::memcmp(run.data(), name, run.size()) == 0) {
-    return true;
+  // The ends of names differ more often than their beginnings.
+  if (!run.empty() && run.back() != '?' && run.back() != name[run.size() - 1]) {
+    return false;
   }
   for (char byte : run) {
     if (byte != '?' && byte != *name) {
@@ -62,7 +63,8 @@ inline bool matches(char const* name_text, char const* pattern_text) {
     if (name.size() <= end) {
       return false;
     }
-    char const* const found = end == 0 ? name.data() : find_run(pattern.substr(0, end), name.substr(0, name.size() - 1));
+    char const* const found =
+        end == 0 ? name.data() : find_run(pattern.substr(0, end), name.substr(0, name.size() - 1));
     if (found == nullptr) {
       return false;
     }

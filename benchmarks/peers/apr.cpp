@@ -74,22 +74,24 @@ void walk_tree(std::string& path, Visitor visit, apr_pool_t* memory) {
 
 void add_apr() {
   auto const make = [](std::string const& text) { return text; };
-  add("simplify.dotted", name, dotted,
+  add(
+      "simplify.dotted", name, dotted,
       [](texts const& from, std::size_t item, auto visit) { visit(anchored(from[item], "/", pool::cleared())); },
       "made absolute too; memory from a pool that is cleared each time");
-  add_anchoring(name, note, make,
-                [](std::string const& value) { return anchored(value, nullptr, pool::cleared()); },
-                [](std::string const& value, std::string const& directory) {
-                  return anchored(value, directory.c_str(), pool::cleared());
-                });
+  add_anchoring(
+      name, note, make, [](std::string const& value) { return anchored(value, nullptr, pool::cleared()); },
+      [](std::string const& value, std::string const& directory) {
+        return anchored(value, directory.c_str(), pool::cleared());
+      });
   add_comparisons(name, note, make, [](std::string const& left, std::string const& right) {
     apr_pool_t* const memory = pool::cleared();
     return std::strcmp(anchored(left, nullptr, memory), anchored(right, nullptr, memory));
   });
-  add_patterns(name, "", [](std::string const& pattern) { return pattern; },
-               [](std::string const& pattern, std::string const& text) {
-                 return apr_fnmatch(pattern.c_str(), text.c_str(), 0) == APR_SUCCESS;
-               });
+  add_patterns(
+      name, "", [](std::string const& pattern) { return pattern; },
+      [](std::string const& pattern, std::string const& text) {
+        return apr_fnmatch(pattern.c_str(), text.c_str(), 0) == APR_SUCCESS;
+      });
   add_searches(name, note, make, [](std::string const& directory, std::string const& text, auto visit) {
     apr_pool_t* const memory = pool::cleared();
     apr_finfo_t status;

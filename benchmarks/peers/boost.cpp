@@ -28,7 +28,9 @@ struct boost_names {
 } // namespace
 
 void add_boost() {
-  add_filesystem<boost_names>("Boost", "not divided before it is read", "content by sendfile");
+  add_filesystem<boost_names>("Boost", "not divided before it is read", "three statuses an entry",
+                              "content by copy_file_range, forced out by fdatasync, no permission asked",
+                              "no permission asked");
 }
 
 } // namespace bench

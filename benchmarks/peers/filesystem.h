@@ -13,7 +13,8 @@
 namespace bench {
 
 template <typename Names>
-void add_filesystem(char const* name, std::string const& when_divided, std::string const& when_copied) {
+void add_filesystem(char const* name, std::string const& when_divided, std::string const& statuses,
+                    std::string const& when_copied, std::string const& when_removed) {
   using path = typename Names::path;
   auto const make = [](std::string const& text) { return path(text); };
   add_path_values(name, when_divided, make, [](path const& value, auto visit) {
@@ -31,9 +32,8 @@ void add_filesystem(char const* name, std::string const& when_divided, std::stri
   add_anchoring(name, "", make, anchored, [](path const& value, std::string const& directory) {
     return (path(directory) / value).lexically_normal();
   });
-  add_relative(name, "", make, [](path const& value, std::string const& directory) {
-    return value.lexically_relative(directory);
-  });
+  add_relative(name, "", make,
+               [](path const& value, std::string const& directory) { return value.lexically_relative(directory); });
   add_comparisons(name, "no current directory where both are absolute", make,
                   [anchored](path const& left, path const& right) { return anchored(left).compare(anchored(right)); });
   add_levels(name, "", make, [](path const& value, auto visit) {
@@ -52,7 +52,7 @@ void add_filesystem(char const* name, std::string const& when_divided, std::stri
     }
     return found;
   });
-  add_directory_walk(name, "a second status for the time", [](std::string const& directory, auto visit) {
+  add_directory_walk(name, statuses, [](std::string const& directory, auto visit) {
     for (auto const& entry : typename Names::directory_iterator(directory)) {
       visit(entry.path().native());
       visit(Names::is_regular_file(entry) ? Names::file_size(entry.path()) : 0);
@@ -65,13 +65,15 @@ void add_filesystem(char const* name, std::string const& when_divided, std::stri
       visit(entry.path().native());
     }
   });
-  add_copy(name,
-           [](std::string const& source, std::string const& target) {
-             Names::copy_tree(source, target);
-             return true;
-           },
-           when_copied);
-  add_removal(name, [](std::string const& top) { return Names::remove_all(top) != 0; });
+  add_copy(
+      name,
+      [](std::string const& source, std::string const& target) {
+        Names::copy_tree(source, target);
+        return true;
+      },
+      when_copied);
+  add_removal(
+      name, [](std::string const& top) { return Names::remove_all(top) != 0; }, when_removed);
 }
 
 } // namespace bench

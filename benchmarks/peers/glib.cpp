@@ -53,7 +53,8 @@ void walk_tree(std::string& path, Visitor visit) {
 
 void add_glib() {
   auto const make = [](std::string const& text) { return text; };
-  add("path.construct_and_read", name, all_texts,
+  add(
+      "path.construct_and_read", name, all_texts,
       [](texts const& from, std::size_t item, auto visit) {
         char const* const text = from[item].c_str();
         visit(owned(g_path_get_dirname(text)));
@@ -61,23 +62,24 @@ void add_glib() {
         visit(owned(g_strdup(text)));
       },
       "no object, and no extension");
-  add("simplify.dotted", name, dotted,
+  add(
+      "simplify.dotted", name, dotted,
       [](texts const& from, std::size_t item, auto visit) { visit(anchored(from[item], "/")); }, "made absolute too");
-  add_anchoring(name, "no object", make, [](std::string const& value) { return anchored(value, nullptr); },
-                [](std::string const& value, std::string const& directory) {
-                  return anchored(value, directory.c_str());
-                });
+  add_anchoring(
+      name, "no object", make, [](std::string const& value) { return anchored(value, nullptr); },
+      [](std::string const& value, std::string const& directory) { return anchored(value, directory.c_str()); });
   add_comparisons(name, "no object; no current directory where both are absolute", make,
                   [](std::string const& left, std::string const& right) {
                     return std::strcmp(anchored(left, nullptr).get(), anchored(right, nullptr).get());
                   });
-  add_patterns(name, "pattern compiled before; UTF-8",
-               [](std::string const& pattern) {
-                 return std::shared_ptr<GPatternSpec>(g_pattern_spec_new(pattern.c_str()), pattern_closer());
-               },
-               [](std::shared_ptr<GPatternSpec> const& pattern, std::string const& text) {
-                 return g_pattern_spec_match_string(pattern.get(), text.c_str()) != 0;
-               });
+  add_patterns(
+      name, "pattern compiled before; UTF-8",
+      [](std::string const& pattern) {
+        return std::shared_ptr<GPatternSpec>(g_pattern_spec_new(pattern.c_str()), pattern_closer());
+      },
+      [](std::shared_ptr<GPatternSpec> const& pattern, std::string const& text) {
+        return g_pattern_spec_match_string(pattern.get(), text.c_str()) != 0;
+      });
   add_searches(name, "asks by access", make, [](std::string const& directory, std::string const& text, auto visit) {
     if (!g_file_test(directory.c_str(), G_FILE_TEST_EXISTS)) {
       return false;

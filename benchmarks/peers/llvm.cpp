@@ -33,13 +33,16 @@ text anchored(text value, std::string const& directory) {
 
 void add_llvm() {
   auto const make = [](std::string const& from) { return text(from); };
-  add("path.construct_and_read", name, all_texts, [](texts const& from, std::size_t item, auto visit) {
-    llvm::StringRef const value = from[item];
-    visit(paths::parent_path(value).str());
-    visit(paths::stem(value).str());
-    visit(paths::extension(value).str());
-    visit(value.str());
-  }, "no object; copies of the parts");
+  add(
+      "path.construct_and_read", name, all_texts,
+      [](texts const& from, std::size_t item, auto visit) {
+        llvm::StringRef const value = from[item];
+        visit(paths::parent_path(value).str());
+        visit(paths::stem(value).str());
+        visit(paths::extension(value).str());
+        visit(value.str());
+      },
+      "no object; copies of the parts");
   add_edits(
       name, "no object", make,
       [](text& value) {
@@ -55,7 +58,8 @@ void add_llvm() {
     paths::remove_dots(value, true);
     return value;
   });
-  add_anchoring(name, "no object", make, [](text const& value) { return anchored(value, {}); }, anchored);
+  add_anchoring(
+      name, "no object", make, [](text const& value) { return anchored(value, {}); }, anchored);
   add_comparisons(name, "no object; no current directory where both are absolute", make,
                   [](text const& left, text const& right) { return anchored(left, {}).compare(anchored(right, {})); });
   add_levels(name, "views", make, [](text const& value, auto visit) {
@@ -63,9 +67,10 @@ void add_llvm() {
       visit(*level);
     }
   });
-  add_patterns(name, "pattern compiled before",
-               [](std::string const& pattern) { return llvm::cantFail(llvm::GlobPattern::create(pattern)); },
-               [](llvm::GlobPattern const& pattern, std::string const& from) { return pattern.match(from); });
+  add_patterns(
+      name, "pattern compiled before",
+      [](std::string const& pattern) { return llvm::cantFail(llvm::GlobPattern::create(pattern)); },
+      [](llvm::GlobPattern const& pattern, std::string const& from) { return pattern.match(from); });
   add_searches(name, "no object; asks by access", make, [](text const& directory, std::string const& to, auto visit) {
     if (!fs::exists(directory)) {
       return false;
@@ -95,7 +100,8 @@ void add_llvm() {
       visit(entry->path());
     }
   });
-  add_removal(name, [](std::string const& top) { return !fs::remove_directories(top, false); });
+  add_removal(
+      name, [](std::string const& top) { return !fs::remove_directories(top, false); }, "no permission asked");
 }
 
 } // namespace bench

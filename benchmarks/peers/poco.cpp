@@ -49,10 +49,11 @@ void add_poco() {
         value.setExtension(text);
         keep()(value.toString());
       });
-  add_anchoring(name, "", make, [](Path const& value) { return absolute(value).toString(); },
-                [](Path const& value, std::string const& directory) {
-                  return Path(value).makeAbsolute(Path(directory + '/')).toString();
-                });
+  add_anchoring(
+      name, "", make, [](Path const& value) { return absolute(value).toString(); },
+      [](Path const& value, std::string const& directory) {
+        return Path(value).makeAbsolute(Path(directory + '/')).toString();
+      });
   add_comparisons(name, "no current directory where both are absolute", make, [](Path const& left, Path const& right) {
     return absolute(left).toString().compare(absolute(right).toString());
   });
@@ -61,8 +62,9 @@ void add_poco() {
       visit(std::string(value.directory(level)));
     }
   });
-  add_patterns(name, "pattern stored before", [](std::string const& pattern) { return std::make_shared<Poco::Glob>(pattern); },
-               [](std::shared_ptr<Poco::Glob> const& glob, std::string const& text) { return glob->match(text); });
+  add_patterns(
+      name, "pattern stored before", [](std::string const& pattern) { return std::make_shared<Poco::Glob>(pattern); },
+      [](std::shared_ptr<Poco::Glob> const& glob, std::string const& text) { return glob->match(text); });
   add_searches(name, "", make, [](Path const& directory, std::string const& text, auto visit) {
     if (!Poco::File(directory).exists()) {
       return false;
@@ -74,37 +76,42 @@ void add_poco() {
     }
     return found;
   });
-  add_directory_walk(name, "a second status for the time", [](std::string const& directory, auto visit) {
-    for (Poco::DirectoryIterator entry(directory), end; entry != end; ++entry) {
-      visit(entry.path());
-      visit(entry->getSize());
-      visit(entry->getLastModified().epochTime());
-      visit(entry->canWrite());
-    }
-  });
-  add_tree_walk(name, "asks the status of every entry; follows links", [](std::string const& top, auto visit) {
+  add_directory_walk(name, "three statuses an entry, and no permission asked of the system",
+                     [](std::string const& directory, auto visit) {
+                       for (Poco::DirectoryIterator entry(directory), end; entry != end; ++entry) {
+                         visit(entry.path());
+                         visit(entry->getSize());
+                         visit(entry->getLastModified().epochTime());
+                         visit(entry->canWrite());
+                       }
+                     });
+  add_tree_walk(name, "asks the status of every entry", [](std::string const& top, auto visit) {
     for (Poco::SimpleRecursiveDirectoryIterator entry(top), end; entry != end; ++entry) {
       visit(entry.path());
     }
   });
-  add_copy(name,
-           [](std::string const& source, std::string const& target) {
-             Poco::File(source).copyTo(target);
-             return true;
-           });
+  add_copy(name, [](std::string const& source, std::string const& target) {
+    Poco::File(source).copyTo(target);
+    return true;
+  });
   add_removal(name, [](std::string const& top) {
     Poco::File(top).remove(true);
     return true;
   });
-  add_writing(name, [](std::ostream& stream, unsigned value) { Poco::BinaryWriter(stream, Poco::BinaryWriter::LITTLE_ENDIAN_BYTE_ORDER) << value; },
-              "four bytes a call");
-  add_reading(name,
-              [](std::istream& stream) {
-                unsigned value = 0;
-                Poco::BinaryReader(stream, Poco::BinaryReader::LITTLE_ENDIAN_BYTE_ORDER) >> value;
-                return value;
-              },
-              "four bytes a call");
+  add_writing(
+      name,
+      [](std::ostream& stream, unsigned value) {
+        Poco::BinaryWriter(stream, Poco::BinaryWriter::LITTLE_ENDIAN_BYTE_ORDER) << value;
+      },
+      "four bytes a call");
+  add_reading(
+      name,
+      [](std::istream& stream) {
+        unsigned value = 0;
+        Poco::BinaryReader(stream, Poco::BinaryReader::LITTLE_ENDIAN_BYTE_ORDER) >> value;
+        return value;
+      },
+      "four bytes a call");
 }
 
 } // namespace bench

@@ -26,7 +26,8 @@ qsizetype name_start(QString const& value) { return value.lastIndexOf(QLatin1Cha
 
 void add_qt() {
   auto const make = [](std::string const& text) { return QString::fromStdString(text); };
-  add("path.construct_and_read", name, all_texts,
+  add(
+      "path.construct_and_read", name, all_texts,
       [](texts const& from, std::size_t item, auto visit) {
         QFileInfo const info(QString::fromStdString(from[item]));
         visit(info.path().toStdString());
@@ -48,31 +49,30 @@ void add_qt() {
       });
   add_simplification(name, "no object: QDir::cleanPath", make,
                      [](QString const& value) { return QDir::cleanPath(value); });
-  add_anchoring(name, "no object", make, [](QString const& value) { return anchored(value, QDir::currentPath()); },
-                [](QString const& value, std::string const& directory) {
-                  return anchored(value, QString::fromStdString(directory));
-                });
-  add_relative(name, "no object; QDir::relativeFilePath", make,
-               [](QString const& value, std::string const& directory) {
-                 return QDir(QString::fromStdString(directory)).relativeFilePath(value).toStdString();
-               });
+  add_anchoring(
+      name, "no object", make, [](QString const& value) { return anchored(value, QDir::currentPath()); },
+      [](QString const& value, std::string const& directory) {
+        return anchored(value, QString::fromStdString(directory));
+      });
+  add_relative(name, "no object; QDir::relativeFilePath", make, [](QString const& value, std::string const& directory) {
+    return QDir(QString::fromStdString(directory)).relativeFilePath(value).toStdString();
+  });
   add_comparisons(name, "no object", make, [](QString const& left, QString const& right) {
     return anchored(left, QDir::currentPath()).compare(anchored(right, QDir::currentPath()));
   });
-  add_patterns(name, "regular expression compiled before; UTF-16",
-               [](std::string const& pattern) {
-                 QRegularExpression const expression(QRegularExpression::fromWildcard(
-                     QString::fromStdString(pattern), Qt::CaseSensitive,
-                     QRegularExpression::UnanchoredWildcardConversion));
-                 QRegularExpression anchored_expression(
-                     QRegularExpression::anchoredPattern(expression.pattern()));
-                 anchored_expression.optimize();
-                 return anchored_expression;
-               },
-               [](QRegularExpression const& expression, std::string const& text) {
-                 return expression.match(QString::fromStdString(text)).hasMatch();
-               });
-  add_searches(name, "", make, [](QString const& directory, std::string const& text, auto visit) {
+  add_patterns(
+      name, "regular expression compiled before; UTF-16",
+      [](std::string const& pattern) {
+        QRegularExpression const expression(QRegularExpression::fromWildcard(
+            QString::fromStdString(pattern), Qt::CaseSensitive, QRegularExpression::UnanchoredWildcardConversion));
+        QRegularExpression anchored_expression(QRegularExpression::anchoredPattern(expression.pattern()));
+        anchored_expression.optimize();
+        return anchored_expression;
+      },
+      [](QRegularExpression const& expression, std::string const& text) {
+        return expression.match(QString::fromStdString(text)).hasMatch();
+      });
+  add_searches(name, "asks by access; UTF-16", make, [](QString const& directory, std::string const& text, auto visit) {
     if (!QFileInfo::exists(directory)) {
       return false;
     }
@@ -83,7 +83,7 @@ void add_qt() {
     }
     return found;
   });
-  add_directory_walk(name, "", [](std::string const& directory, auto visit) {
+  add_directory_walk(name, "three statuses an entry; UTF-16", [](std::string const& directory, auto visit) {
     QDirIterator entry(QString::fromStdString(directory), QDir::AllEntries | QDir::Hidden | QDir::System);
     while (entry.hasNext()) {
       QFileInfo const info = entry.nextFileInfo();
@@ -93,7 +93,7 @@ void add_qt() {
       visit(info.isWritable());
     }
   });
-  add_tree_walk(name, "", [](std::string const& top, auto visit) {
+  add_tree_walk(name, "UTF-16", [](std::string const& top, auto visit) {
     QDirIterator entry(QString::fromStdString(top),
                        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                        QDirIterator::Subdirectories);
@@ -101,7 +101,9 @@ void add_qt() {
       visit(entry.next().toStdString());
     }
   });
-  add_removal(name, [](std::string const& top) { return QDir(QString::fromStdString(top)).removeRecursively(); });
+  add_removal(
+      name, [](std::string const& top) { return QDir(QString::fromStdString(top)).removeRecursively(); },
+      "no status of an entry");
 }
 
 } // namespace bench

@@ -3,7 +3,6 @@
 #include "benchmarks/peers/filesystem.h"
 #include "benchmarks/peers/peers.h"
 
-
 namespace bench {
 
 namespace {
@@ -28,6 +27,9 @@ struct std_names {
 
 } // namespace
 
-void add_std() { add_filesystem<std_names>("std", "", "nothing forced out; content by sendfile"); }
+void add_std() {
+  add_filesystem<std_names>("std", "", "two statuses an entry",
+                            "content by sendfile, nothing forced out, no permission asked", "no status of an entry");
+}
 
 } // namespace bench

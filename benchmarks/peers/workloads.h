@@ -50,18 +50,20 @@ auto pairs_made_from(text_pairs const& (*from)(), Make make) {
 template <typename Make, typename Read>
 void add_path_values(char const* name, std::string const& note, Make make, Read read) {
   using path = path_made_by<Make>;
-  add("path.construct", name, all_texts,
+  add(
+      "path.construct", name, all_texts,
       [make](texts const& from, std::size_t item, auto visit) { visit(make(from[item])); }, note);
-  add("path.construct_and_read", name, all_texts,
-      [make, read](texts const& from, std::size_t item, auto visit) {
-        path const value = make(from[item]);
-        read(value, visit);
-      });
-  add("path.assign", name, made_from(all_texts, make),
+  add("path.construct_and_read", name, all_texts, [make, read](texts const& from, std::size_t item, auto visit) {
+    path const value = make(from[item]);
+    read(value, visit);
+  });
+  add(
+      "path.assign", name, made_from(all_texts, make),
       [](std::vector<path>& paths, std::size_t item, auto visit) {
         paths[item] = all_texts()[(item + 1) % paths.size()].c_str();
         visit(paths[item]);
-      }, note);
+      },
+      note);
   add("path.copy", name, made_from(all_texts, make),
       [](std::vector<path> const& paths, std::size_t item, auto visit) { visit(path(paths[item])); });
   add("path.move", name, made_from(all_texts, make), [](std::vector<path>& paths, std::size_t item, auto visit) {
@@ -79,18 +81,27 @@ void add_edits(char const* name, std::string const& note, Make make, Append appe
                SetExtension set_extension) {
   using path = path_made_by<Make>;
   auto const plain = made_from(plain_absolute, make);
-  add("edit.append", name, plain, [append](std::vector<path>& paths, std::size_t item, auto visit) {
-    append(paths[item]);
-    visit(paths[item]);
-  }, note);
-  add("edit.filename", name, plain, [set_name](std::vector<path>& paths, std::size_t item, auto visit) {
-    set_name(paths[item], new_name(item));
-    visit(paths[item]);
-  }, note);
-  add("edit.extension", name, plain, [set_extension](std::vector<path>& paths, std::size_t item, auto visit) {
-    set_extension(paths[item], new_extension(item));
-    visit(paths[item]);
-  }, note);
+  add(
+      "edit.append", name, plain,
+      [append](std::vector<path>& paths, std::size_t item, auto visit) {
+        append(paths[item]);
+        visit(paths[item]);
+      },
+      note);
+  add(
+      "edit.filename", name, plain,
+      [set_name](std::vector<path>& paths, std::size_t item, auto visit) {
+        set_name(paths[item], new_name(item));
+        visit(paths[item]);
+      },
+      note);
+  add(
+      "edit.extension", name, plain,
+      [set_extension](std::vector<path>& paths, std::size_t item, auto visit) {
+        set_extension(paths[item], new_extension(item));
+        visit(paths[item]);
+      },
+      note);
 }
 
 /// `simplify(path)` gives another path.
@@ -103,7 +114,8 @@ void add_simplification(char const* name, std::string const& note, Make make, Si
   add("simplify.clean", name, made_from(plain_absolute, make), operation, note);
   add("simplify.dotted", name, made_from(dotted, make), operation, note);
   for (int const levels : grown_levels) {
-    add("growth.simplify/" + std::to_string(levels), name,
+    add(
+        "growth.simplify/" + std::to_string(levels), name,
         [make, levels] { return std::vector<path>(20, make(text_with_levels(levels, true))); }, operation, note);
   }
 }
@@ -112,10 +124,12 @@ void add_simplification(char const* name, std::string const& note, Make make, Si
 template <typename Make, typename AtCurrent, typename AtGiven>
 void add_anchoring(char const* name, std::string const& note, Make make, AtCurrent at_current, AtGiven at_given) {
   using path = path_made_by<Make>;
-  add("absolute.current", name, made_from(plain_relative, make),
+  add(
+      "absolute.current", name, made_from(plain_relative, make),
       [at_current](std::vector<path> const& paths, std::size_t item, auto visit) { visit(at_current(paths[item])); },
       note);
-  add("absolute.given", name, made_from(plain_relative, make),
+  add(
+      "absolute.given", name, made_from(plain_relative, make),
       [at_given](std::vector<path> const& paths, std::size_t item, auto visit) {
         visit(at_given(paths[item], given_directory));
       },
@@ -126,13 +140,15 @@ void add_anchoring(char const* name, std::string const& note, Make make, AtCurre
 template <typename Make, typename Relative>
 void add_relative(char const* name, std::string const& note, Make make, Relative relative) {
   using path = path_made_by<Make>;
-  add("relative", name, made_from(plain_absolute, make),
+  add(
+      "relative", name, made_from(plain_absolute, make),
       [relative](std::vector<path> const& paths, std::size_t item, auto visit) {
         visit(relative(paths[item], path_and_directory()[item].second));
       },
       note);
   for (int const levels : grown_levels) {
-    add("growth.relative/" + std::to_string(levels), name,
+    add(
+        "growth.relative/" + std::to_string(levels), name,
         [make, levels] { return std::vector<path>(20, make(text_with_levels(levels, false))); },
         [relative, directory = directory_beside(levels)](std::vector<path> const& paths, std::size_t item, auto visit) {
           visit(relative(paths[item], directory));
@@ -151,13 +167,16 @@ void add_comparisons(char const* name, std::string const& note, Make make, Compa
   };
   add("compare.other_name", name, pairs_made_from(neighbours, make), visit_equal, note);
   add("compare.same_place", name, pairs_made_from(same_places, make), visit_equal, note);
-  add("compare.less", name, pairs_made_from(neighbours, make),
+  add(
+      "compare.less", name, pairs_made_from(neighbours, make),
       [less](auto const& pairs, std::size_t item, auto visit) { visit(less(pairs[item].first, pairs[item].second)); },
       note);
-  add("compare.sort", name, [make] { return groups<path>{made_from(plain_absolute, make)()}; },
+  add(
+      "compare.sort", name, [make] { return groups<path>{made_from(plain_absolute, make)()}; },
       [less](groups<path> const& all, std::size_t item, auto visit) { sort_group(all, item, less, visit); }, note);
   for (int const levels : grown_levels) {
-    add("growth.less/" + std::to_string(levels), name,
+    add(
+        "growth.less/" + std::to_string(levels), name,
         [make, levels] { return std::vector<path>(20, make(text_with_levels(levels, true))); },
         [less](std::vector<path> const& paths, std::size_t item, auto visit) {
           visit(less(paths[item], paths[(item + 1) % paths.size()]));
@@ -171,7 +190,8 @@ template <typename Make, typename Levels>
 void add_levels(char const* name, std::string const& note, Make make, Levels levels_of) {
   using path = path_made_by<Make>;
   for (int const levels : grown_levels) {
-    add("growth.levels/" + std::to_string(levels), name,
+    add(
+        "growth.levels/" + std::to_string(levels), name,
         [make, levels] { return std::vector<path>(20, make(text_with_levels(levels, false))); },
         [levels_of](std::vector<path> const& paths, std::size_t item, auto visit) { levels_of(paths[item], visit); },
         note);
@@ -182,7 +202,8 @@ void add_levels(char const* name, std::string const& note, Make make, Levels lev
 template <typename Compile, typename Matches>
 void add_patterns(char const* name, std::string const& note, Compile compile, Matches matches) {
   for (pattern_case const& what : pattern_cases()) {
-    add(what.workload, name, what.names,
+    add(
+        what.workload, name, what.names,
         [compiled = compile(what.pattern), matches](texts const& from, std::size_t item, auto visit) {
           visit(matches(compiled, from[item]));
         },
@@ -201,7 +222,8 @@ void add_searches(char const* name, std::string const& note, MakeDirectory make,
     std::size_t size() const { return wanted.size(); }
   };
   auto const add_search = [&](char const* workload, names const& (*wanted)()) {
-    add(workload, name,
+    add(
+        workload, name,
         [make, wanted] {
           searches state{{}, wanted()};
           for (std::string const& directory : searched_tree().directories) {
@@ -222,17 +244,25 @@ void add_searches(char const* name, std::string const& note, MakeDirectory make,
   add_search("search.miss", []() -> names const& { return searched_tree().missing; });
 }
 
+struct walked_directory : single {
+  walked_directory() : single{1000}, path(flat_directory(1000)) {}
+
+  std::string path;
+};
+
 /// `walk(directory, visit)` visits all entries of a directory, with their size and time and whether they may be written.
 template <typename Walk>
 void add_directory_walk(char const* name, std::string const& note, Walk walk) {
-  add("walk.all", name, [] { flat_directory(1000); return single{1000}; },
-      [walk](single const&, std::size_t, auto visit) { walk(flat_directory(1000), visit); }, note);
+  add(
+      "walk.all", name, [] { return walked_directory(); },
+      [walk](walked_directory const& directory, std::size_t, auto visit) { walk(directory.path, visit); }, note);
 }
 
 /// `walk(top, visit)` visits all paths below a directory.
 template <typename Walk>
 void add_tree_walk(char const* name, std::string const& note, Walk walk) {
-  add("walk.tree", name, [] { return single{walked_tree().size()}; },
+  add(
+      "walk.tree", name, [] { return single{walked_tree().size()}; },
       [walk](single const&, std::size_t, auto visit) { walk(walked_tree().top, visit); }, note);
 }
 
