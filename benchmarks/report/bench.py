@@ -37,7 +37,7 @@ def renew(program):
     with open(COUNTS, "w") as out:
         out.write("# Instructions an operation of the library takes, counted by callgrind on the generated texts.\n"
                   "# scripts/bench.sh --check fails when a workload has become dearer; --renew writes them anew.\n"
-                  f"# {versions['compiler']}; {versions['system']}\n")
+                  f"# {versions['compiler']}; {versions['libc']}\n")
         for workload in measurements.registry(program).titles:
             out.write(f"{workload:30} {counts[workload]:12.1f}\n")
     say(f"{len(counts)} counts written")

@@ -89,7 +89,7 @@ def setting(figures):
 | | |
 |---|---|
 | processor | {versions["processor"]} |
-| system | {versions["system"]} |
+| system | {versions["system"]}, {versions["libc"]} |
 | compiler | {versions["compiler"]}, Release |
 | peers, as Debian packs them | {"; ".join(found)} |
 | the machine's texts | {texts["count"]:,} paths of its file system, {texts["mean"]:.0f} characters on average |
