@@ -175,8 +175,7 @@ run_tests_as_ordinary_user() {
 }
 
 # Checks that stand in scripts of their own.
-run_script_if_present() {
-  [ -x "scripts/$1" ] || return 0
+run_script() {
   say "$*"
   script=scripts/$1
   shift
@@ -225,9 +224,9 @@ fi
 if [ -n "$full" ]; then
   say "clang-tidy"
   count_check tidy_is_silent
-  run_script_if_present check_packages.sh
-  run_script_if_present check_reproducible.sh
-  run_script_if_present bench.sh --check
+  run_script check_packages.sh
+  run_script check_reproducible.sh
+  run_script bench.sh --check
   say "campaigns"
   count_check scripts/campaigns.sh >&2
 fi
