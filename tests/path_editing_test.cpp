@@ -10,6 +10,7 @@
 #include <ostream>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "ccl/fio/fio_extension_type_info.h"
@@ -498,6 +499,23 @@ TEST_F(path_editing, every_extension_type_is_stored_with_the_text_of_the_vocabul
     EXPECT_EQ(parts_of(path.extension(type(value), FIO_EXTENSION_TYPE_ANY)), (parts{"d/", "c", text, "d/c" + text}));
     EXPECT_EQ(parts_of(path.extension("x", type(value))), (parts{"d/", "c", ".x" + text, "d/c.x" + text})) << value;
   }
+}
+
+TEST_F(path_editing, an_unknown_type_has_the_text_that_a_program_gave_to_unknown_values) {
+  char const* const kept = std::exchange(fio_empty_result_value, "x");
+  FIO_PATH path("a/b.c");
+  path.extension(static_cast<FIO_EXTENSION_TYPE>(999), std::string());
+  fio_empty_result_value = kept;
+  EXPECT_EQ(path.get_path_components(FIO_PATH::EXTENSION), "x");
+  EXPECT_EQ(path.fullpath(), "a/b.x");
+}
+
+TEST_F(path_editing, a_second_type_behind_none_is_not_looked_up) {
+  char const* const kept = std::exchange(fio_empty_result_value, nullptr);
+  FIO_PATH path("a/b.c");
+  path.extension(FIO_EXTENSION_TYPE_ANY, static_cast<FIO_EXTENSION_TYPE>(999));
+  fio_empty_result_value = kept;
+  EXPECT_EQ(path.fullpath(), "a/b");
 }
 
 TEST_F(path_editing, an_extension_that_is_set_is_not_cut) {

@@ -50,6 +50,7 @@ bool is_dot(std::string_view text) { return text == std::string_view(".", 1); }
 
 bool has_nul(std::string const& text) { return c_text(text).size() != text.size(); }
 
+// Not just `reserve`, which is a call into the C++ library even when there is room.
 void make_room(std::string& text, std::size_t size) {
   if (text.capacity() < size) {
     text.reserve(size);
@@ -103,8 +104,8 @@ struct FIO_PATH::division : divided_path {
 
 // What the operations have in common.
 struct FIO_PATH::detail {
-  // Whether the text is directory, base and extension side by side. Nothing was put between them, no NUL has cut one of
-  // them, and no memory ran out since they were stored: the text had no room for them then.
+  // Whether the text is directory, base and extension side by side: nothing was put between them, no NUL has cut one of
+  // them, and the text is not one that was left behind when memory ran out, since that one is shorter.
   static bool is_plain(FIO_PATH const& path) {
     return path.m_drive.empty() && (path.m_directory.empty() || path.m_directory.back() == '/') &&
            has_plain_extension(path) &&
@@ -124,15 +125,14 @@ struct FIO_PATH::detail {
 
   template <typename First, typename Second>
   static FIO_PATH& store_extension(FIO_PATH& path, First const& first, Second const& second) {
-    extension_part const parts[] = {extension_part(first), extension_part(second)};
+    extension_part const first_part(first);
+    extension_part const second_part = first_part.is_present ? extension_part(second) : extension_part();
     bool const was_plain = is_plain(path);
-    // Room for two dots. Memory runs out before anything is changed, but for the text.
-    make_room(path.m_extension, parts[0].text.size() + parts[1].text.size() + 2);
+    // Room for two dots. From here on only the text can run out of memory.
+    make_room(path.m_extension, first_part.text.size() + second_part.text.size() + 2);
     path.m_extension.clear();
-    if (parts[0].is_present) {
-      parts[0].append_to(path.m_extension);
-      parts[1].append_to(path.m_extension);
-    }
+    first_part.append_to(path.m_extension);
+    second_part.append_to(path.m_extension);
     if (was_plain && has_plain_extension(path)) {
       replace_end(path, path.m_directory.size() + path.m_base.size(), c_text(path.m_extension));
     } else {
@@ -280,6 +280,7 @@ struct FIO_PATH::detail {
 FIO_PATH::FIO_PATH() = default;
 
 FIO_PATH::FIO_PATH(char const* path) : FIO_PATH(division(path)) {
+  // An empty text divides into nothing, but is not refused.
   m_legal_length = m_legal_length || path == nullptr || *path == '\0';
 }
 
@@ -368,7 +369,7 @@ void FIO_PATH::split_full_path(char const* path) {
   // Memory runs out before anything is changed. The views may lie in `m_full_path`, which is written last.
   make_room(m_base, parts.base.size());
   make_room(m_extension, parts.extension.size());
-  make_room(m_directory, parts.directory.size() + 1);
+  make_room(m_directory, parts.directory.size() + (fio_internal::is_separator(m_path_separator) ? 0 : 1));
   m_legal_length = parts.legal;
   m_drive.clear();
   m_base = parts.base;
@@ -383,11 +384,12 @@ void FIO_PATH::split_full_path(char const* path) {
 }
 
 void FIO_PATH::make_path(FILE_COMPONENTS component, std::string const& value) {
-  bool const was_plain = detail::is_plain(*this);
-  std::size_t const old_size = m_directory.size();
   switch (component) {
-  case DIRECTORY:
-    make_room(m_directory, value.size() + 1);
+  case DIRECTORY: {
+    bool const was_plain = detail::is_plain(*this);
+    std::size_t const old_size = m_directory.size();
+    bool const is_closed = value.empty() || value.back() == m_path_separator;
+    make_room(m_directory, value.size() + (is_closed ? 0 : 1));
     m_directory = value;
     store_directory();
     if (was_plain && m_path_separator == '/' && !has_nul(m_directory)) {
@@ -395,6 +397,7 @@ void FIO_PATH::make_path(FILE_COMPONENTS component, std::string const& value) {
       return;
     }
     break;
+  }
   case DRIVE:
     m_drive.assign(value, 0, 1);
     if (!m_drive.empty()) {
@@ -417,8 +420,8 @@ void FIO_PATH::store_directory() {
   close_with(m_directory, m_path_separator);
 }
 
-// Makes the text that `FIO_FILE_SYSTEM::makepath` gives for the components, in place. Takes memory only if the text has
-// no room: a text that is as long as its components is never older than they are.
+// Makes the text that `FIO_FILE_SYSTEM::makepath` gives for the components, in place. Asks for exactly the size of the
+// text. `is_plain` relies on it: a text left behind by `std::bad_alloc` is shorter than its components.
 void FIO_PATH::rebuild() {
   auto const compose = [drive = c_text(m_drive), directory = c_text(m_directory), base = c_text(m_base),
                         extension = c_text(m_extension)](auto append) {
@@ -563,13 +566,13 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
     return base(text).no_extension();
   }
   divided_path const parts = divide_path(text.c_str());
-  // Memory runs out before anything is changed, but for the text.
+  // Once there is room, only the text can run out of memory.
   make_room(m_base, parts.base.size());
   make_room(m_extension, parts.extension.size());
   if (!parts.directory.empty()) {
     make_room(m_directory, m_directory.size() + parts.directory.size() + 2);
   }
-  bool const keeps_directory = detail::is_plain(*this) && parts.directory.empty();
+  bool const was_plain = detail::is_plain(*this);
   m_legal_length = parts.legal;
   if (!parts.directory.empty()) {
     close_with(m_directory, m_path_separator);
@@ -578,7 +581,7 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
   }
   m_base = parts.base;
   m_extension = parts.extension;
-  if (keeps_directory) {
+  if (was_plain && parts.directory.empty()) {
     detail::replace_end(*this, m_directory.size(), parts.name());
   } else {
     rebuild();

@@ -14,6 +14,9 @@ namespace fio_internal {
 
 /// A part of an extension, given as a type or as a text.
 struct extension_part {
+  /// No part.
+  extension_part() = default;
+
   /// The text of a type, in constant data. `FIO_EXTENSION_TYPE_ANY` stands for no part.
   explicit extension_part(FIO_EXTENSION_TYPE type)
       : is_present(type != FIO_EXTENSION_TYPE_ANY), text(is_present ? fio_get_extension_string(type) : "") {}
@@ -33,7 +36,7 @@ struct extension_part {
     extension += text;
   }
 
-  bool is_present;
+  bool is_present = false;
   bool needs_dot = false;
   std::string_view text;
 };

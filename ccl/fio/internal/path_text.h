@@ -49,25 +49,26 @@ struct divided_path {
   /// Base and extension.
   std::string_view name() const { return {base.data(), base.size() + extension.size()}; }
 
-  /// Everything but what an extension has beyond the longest.
+  /// The text, without what was cut from its extension.
   std::string_view text() const { return {directory.data(), directory.size() + name().size()}; }
 };
 
+/// The number of characters up to the last one of a kind, that one included: 0 if there is none.
+inline std::size_t end_of_last(std::string_view text, char character) {
+  void const* const last = ::memrchr(text.data(), character, text.size());
+  return last != nullptr ? static_cast<std::size_t>(static_cast<char const*>(last) - text.data()) + 1 : 0;
+}
+
 /// The number of characters up to the last separator of either kind, that one included.
 inline std::size_t directory_size(std::string_view text) {
-  void const* const slash = ::memrchr(text.data(), '/', text.size());
-  std::size_t size = slash != nullptr ? static_cast<std::size_t>(static_cast<char const*>(slash) - text.data()) + 1 : 0;
-  // The other separator is rare: one search behind the last slash finds none.
-  while (void const* const other = std::memchr(text.data() + size, '\\', text.size() - size)) {
-    size = static_cast<std::size_t>(static_cast<char const*>(other) - text.data()) + 1;
-  }
-  return size;
+  std::size_t const size = end_of_last(text, '/');
+  return size + end_of_last(text.substr(size), '\\');
 }
 
 /// The number of characters of a file name up to its last dot, that one excluded.
 inline std::size_t base_size(std::string_view name) {
-  void const* const dot = ::memrchr(name.data(), '.', name.size());
-  return dot != nullptr ? static_cast<std::size_t>(static_cast<char const*>(dot) - name.data()) : name.size();
+  std::size_t const end = end_of_last(name, '.');
+  return end != 0 ? end - 1 : name.size();
 }
 
 /// Divides a text of legal length that is not empty.
@@ -109,8 +110,8 @@ void compose_path(std::string_view drive, std::string_view directory, std::strin
   append(extension);
 }
 
-/// Whether `test` holds for any two neighbours in a text. It is given characters, or blocks of them, and its result
-/// has the operators of both: no `&&` and `||`.
+/// Whether `test` holds for any two neighbours in a text. It is called with two characters or with two vectors of them,
+/// so it may combine results with `&` and `|` only.
 template <typename Test>
 bool any_neighbours(std::string_view text, Test test) {
   using block = char __attribute__((vector_size(16)));
