@@ -164,7 +164,7 @@ void add_other_setters(operation_table& table) {
   add("FIO_PATH::drive(char)", [](FIO_PATH& path) { path.drive('C'); });
   add("FIO_PATH::drive(std::string const&)", [](FIO_PATH& path) { path.drive(long_text); });
   add("FIO_PATH::path_separator(char)", [](FIO_PATH& path) { path.path_separator('|'); });
-  add("FIO_PATH::no_extension()", [](FIO_PATH& path) { path.no_extension(); });
+  add("FIO_PATH::no_extension()", [](FIO_PATH& path) { path.no_extension(); }).allocates = false;
   add("FIO_PATH::tail(std::string const&)", [](FIO_PATH& path) { path.tail(wide_text); }).goes_on_after_failure();
   add("FIO_PATH::filename(std::string const&)", [](FIO_PATH& path) {
     path.filename(long_name);
@@ -181,14 +181,14 @@ void add_other_setters(operation_table& table) {
 
 void add_simplifications(operation_table& table) {
   auto const unsimplified = [] { return FIO_PATH(other_path); };
-  table.add({"FIO_PATH::flatten()"}, unsimplified, [](FIO_PATH& path) { path.flatten(); });
-  table.add({"FIO_PATH::become_simplified()"}, unsimplified, [](FIO_PATH& path) { path.become_simplified(); });
+  table.add_quiet({"FIO_PATH::flatten()"}, unsimplified, [](FIO_PATH& path) { path.flatten(); });
+  table.add_quiet({"FIO_PATH::become_simplified()"}, unsimplified, [](FIO_PATH& path) { path.become_simplified(); });
   table.add({"FIO_PATH::flatten()"}, path_with_separator_in_base, [](FIO_PATH& path) { path.flatten(); });
   table.add({"FIO_PATH::flatten()"}, path_over_the_limit, [](FIO_PATH& path) { path.flatten(); })
       .may_leave(work_is_done);
   table.add({"FIO_PATH::become_simplified()"}, path_over_the_limit, [](FIO_PATH& path) { path.become_simplified(); })
       .may_leave(work_is_done);
-  table.add(
+  table.add_quiet(
       {"FIO_PATH::become_simplified()"}, [] { return path_and_old_rules(); },
       [](path_and_old_rules& subject) { subject.path.become_simplified(); });
 }
@@ -223,18 +223,18 @@ void add_comparisons(operation_table& table) {
     paths.right = workspace::root() + "/./" + long_path;
     return paths;
   };
-  table.add({"FIO_PATH::operator==(FIO_PATH const&) const"}, equal_paths,
-            [](two_paths const& paths) { return paths.left == paths.right; });
-  table.add({"FIO_PATH::operator!=(FIO_PATH const&) const"}, equal_paths,
-            [](two_paths const& paths) { return paths.left != paths.right; });
-  table.add({"FIO_PATH::operator<(FIO_PATH const&) const"}, equal_paths,
-            [](two_paths const& paths) { return paths.left < paths.right; });
-  table.add({"FIO_PATH::operator==(std::string const&) const"}, path,
-            [](FIO_PATH const& path) { return path == unsimplified_long_path; });
-  table.add({"FIO_PATH::operator!=(std::string const&) const"}, path,
-            [](FIO_PATH const& path) { return path != unsimplified_long_path; });
-  table.add({"FIO_PATH::operator<(std::string const&) const"}, path,
-            [](FIO_PATH const& path) { return path < unsimplified_long_path; });
+  table.add_quiet({"FIO_PATH::operator==(FIO_PATH const&) const"}, equal_paths,
+                  [](two_paths const& paths) { return paths.left == paths.right; });
+  table.add_quiet({"FIO_PATH::operator!=(FIO_PATH const&) const"}, equal_paths,
+                  [](two_paths const& paths) { return paths.left != paths.right; });
+  table.add_quiet({"FIO_PATH::operator<(FIO_PATH const&) const"}, equal_paths,
+                  [](two_paths const& paths) { return paths.left < paths.right; });
+  table.add_quiet({"FIO_PATH::operator==(std::string const&) const"}, path,
+                  [](FIO_PATH const& path) { return path == unsimplified_long_path; });
+  table.add_quiet({"FIO_PATH::operator!=(std::string const&) const"}, path,
+                  [](FIO_PATH const& path) { return path != unsimplified_long_path; });
+  table.add_quiet({"FIO_PATH::operator<(std::string const&) const"}, path,
+                  [](FIO_PATH const& path) { return path < unsimplified_long_path; });
   table.add_quiet({"FIO_PATH::os_specific_comparison(char const*, char const*)"}, no_object,
                   [](nothing) { return FIO_PATH::os_specific_comparison(long_path.c_str(), long_path.c_str()); });
 }

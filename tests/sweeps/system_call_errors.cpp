@@ -110,7 +110,7 @@ constexpr char allocates[] = "fails by allocation alone";
 constexpr char runtime[] = "part of how C++ is run";
 
 constexpr harmless_import harmless_imports[] = {
-    {"mem[cms]*", on_memory},
+    {"mem[cmrs]*", on_memory},
     {"bcmp", on_memory},
     {"str[celnpr]*", on_memory},
     {"__mem*_chk", on_memory},
