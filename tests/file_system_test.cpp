@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -1320,6 +1321,19 @@ TEST_F(file_system, same_file_agrees_with_its_rules_on_all_short_texts) {
     }
   }
   EXPECT_EQ(differences, 0);
+}
+
+TEST_F(file_system, same_file_reads_no_name_for_an_empty_pattern_and_none_behind_a_difference) {
+  std::size_t const page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+  void* const pages = ::mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  ASSERT_NE(pages, MAP_FAILED);
+  char* const unreadable = static_cast<char*>(pages) + page;
+  ASSERT_EQ(::mprotect(unreadable, page, PROT_NONE), 0);
+  std::memcpy(unreadable - 3, "abc", 3);
+  EXPECT_TRUE(F::same_file(unreadable, ""));
+  EXPECT_TRUE(F::same_file(unreadable - 3, "abc"));
+  EXPECT_FALSE(F::same_file(unreadable - 3, "axcdef"));
+  EXPECT_EQ(::munmap(pages, 2 * page), 0);
 }
 
 TEST_F(file_system, same_file_agrees_with_its_rules_on_long_texts) {

@@ -261,14 +261,16 @@ std::list<FIO_PATH> odd_directories() {
   directories.emplace_back(directory_of(1020)).drive('C');
   directories.emplace_back(directory_of(1023)).filename("ab");
   // Memory that runs out can leave a path with a text that is older than its directory.
-  bool done = false;
-  for (long succeeding = 0; !done; ++succeeding) {
-    FIO_PATH& path = directories.emplace_back("/a/b.c");
-    allocation_failure const failing(succeeding + 1);
-    try {
-      path.directory(directory_of(100));
-      done = true;
-    } catch (std::bad_alloc const&) {
+  for (char const* text : {"/a/b.c", "/a/"}) {
+    bool done = false;
+    for (long succeeding = 0; !done; ++succeeding) {
+      FIO_PATH& path = directories.emplace_back(text);
+      allocation_failure const failing(succeeding + 1);
+      try {
+        path.directory(directory_of(100));
+        done = true;
+      } catch (std::bad_alloc const&) {
+      }
     }
   }
   return directories;

@@ -43,10 +43,10 @@ bool has_wildcard(std::string_view path) {
   return path.find('*') != std::string_view::npos || path.find('?') != std::string_view::npos;
 }
 
-// Whether one byte of a pattern, which is no `*`, stands for a byte of a name.
+// Whether one byte of a pattern, which is no `*`, stands for a byte of a name. Nothing stands for the end of the name.
 bool matches_byte(char name, char pattern) { return pattern == name || (pattern == '?' && name != '\0'); }
 
-// Whether a name begins as a piece of a pattern without `*` does. It is read no further than its end.
+// Whether a name begins as a piece of a pattern without `*` does. The name is read no further than its end.
 bool begins_with(char const* name, std::string_view piece) {
   for (char const byte : piece) {
     if (!matches_byte(*name++, byte)) {
@@ -385,14 +385,17 @@ bool FIO_FILE_SYSTEM::same_file(char const* name, char const* pattern) {
   if (*pattern == '*') {
     return matches_behind_star(name, pattern + 1);
   }
-  // Most names that do not fit differ at once.
+  if (*pattern == '\0') {
+    return true;
+  }
+  // A cheap refusal of most names without a directory.
   if (!matches_byte(*name, *pattern)) {
-    return *pattern == '\0';
+    return false;
   }
   // Up to the first `*` the pattern is a prefix. The `*` is reached with name left only.
   char const* const star = ::strchrnul(pattern, '*');
   std::string_view const prefix = {pattern, static_cast<std::size_t>(star - pattern)};
-  if (std::string_view(name, ::strnlen(name, prefix.size())) != prefix && !begins_with(name, prefix)) {
+  if (std::strncmp(name, pattern, prefix.size()) != 0 && !begins_with(name, prefix)) {
     return false;
   }
   name += prefix.size();

@@ -183,15 +183,16 @@ public:
   /// `*` stands for any run of bytes and `?` for any byte; everything else, `/` and a leading dot included, stands for
   /// itself. The test has rules of its own:
   ///
-  ///     "abc",  "abcdef"   => true: a pattern matches as a prefix until a `*` was met
-  ///     "*.txt", "a.txt.bak" => false: behind a `*` the pattern must end with the name
-  ///     "ab*", "ab"        => false: a `*` behind other text is reached only with name left...
-  ///     "ab*c", "abc"      => true: ...even if it stands for nothing then
-  ///     "*a*", "xa"        => false: for the same reason
-  ///     "**", ""           => false
-  ///     "*", ""            => true
+  ///     "abcdef", "abc"        => true: a pattern matches as a prefix until a `*` was met
+  ///     "a.txt.bak", "*.txt"   => false: behind a `*` the pattern must end with the name
+  ///     "ab", "ab*"            => false: a `*` behind other text is reached only with name left...
+  ///     "abc", "ab*c"          => true: ...even if it stands for nothing then
+  ///     "xa", "*a*"            => false: for the same reason
+  ///     "", "**"               => false
+  ///     "", "*"                => true
   ///
-  /// (pattern first, then name.) Where the text between two `*` first fits, it is taken; no other place is tried.
+  /// Where the text between two `*` first fits, it is taken; no other place is tried. Linear in the length of the name
+  /// for each piece between two `*`, unless the piece has a `?`.
   [[nodiscard, gnu::nonnull]] FIO_EXPORT static bool same_file(char const* name, char const* pattern);
   /// @}
 
@@ -243,9 +244,9 @@ public:
   ///     FIO_FILE_SYSTEM::findclose(handle);
   ///
   /// A directory that cannot be read looks empty to a walk, and to `copy_dir` and `is_directory_empty`, which are built
-  /// on walks. One that can be read has at least ".", so this tests it first:
+  /// on walks. One that may be listed and searched has at least ".", so this tests it first, but for the root:
   ///
-  ///     if (!FIO_FILE_SYSTEM::exists("rtl/*"))   // missing, no directory, or unreadable: see errno
+  ///     if (!FIO_FILE_SYSTEM::exists("rtl/*"))   // missing, no directory, or no permission: see errno
   ///
   /// Entries come in the order of the directory, "." and ".." and names with a leading dot among them. The whole text
   /// of an entry, directory included, is compared by `same_file`, so that "dir/ab?" finds "dir/abcd" as well. Wildcards

@@ -12,6 +12,16 @@
 #include "ccl/fio/internal/search.h"
 #include "ccl/stl/stl.h"
 
+// Joins names to a directory without a path for each.
+struct fio_search_directory {
+  // The text that `directory` would have with this file name.
+  static void join(FIO_PATH const& directory, std::string_view filename, std::string& text) {
+    text.clear();
+    fio_internal::compose_path(fio_internal::c_text(directory.m_drive), fio_internal::c_text(directory.m_directory),
+                               filename, {}, [&text](std::string_view piece) { text += piece; });
+  }
+};
+
 namespace {
 
 using fio_internal::nothing_found;
@@ -55,13 +65,7 @@ bool exists_in(FIO_PATH const& directory, std::string_view filename, std::string
   if (!is_legal_and_exists(directory)) {
     return false;
   }
-  if (!directory.directory_path()) {
-    FIO_PATH path(directory);
-    path.filename(std::string(filename));
-    return is_legal_and_exists(path);
-  }
-  // Its text is what stands before the name.
-  candidate.assign(static_cast<char const*>(directory)).append(filename);
+  fio_search_directory::join(directory, filename, candidate);
   return fio_internal::is_legal_length(candidate.size()) && FIO_FILE_SYSTEM::exists(candidate.c_str());
 }
 

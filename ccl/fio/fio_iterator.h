@@ -17,11 +17,12 @@
 /// leave an operation; a null text is not to be passed.
 ///
 /// @warning A directory without permission looks empty, at the top and at each level below. Where that matters, test it
-/// first: a directory that can be listed has at least the entry ".", which a wildcard finds.
+/// first: a directory that may be listed and searched has at least the entry ".", which a wildcard finds.
 ///
-///     if (!FIO_FILE_SYSTEM::exists("rtl/*"))   // missing, no directory, or unreadable: see errno
+///     if (!FIO_FILE_SYSTEM::exists("rtl/*"))   // missing, no directory, or no permission: see errno
 ///
-/// For a directory below, that is `FIO_FILE_SYSTEM::exists((entry.path + "/*").c_str())`.
+/// For a directory below, that is `FIO_FILE_SYSTEM::exists((entry.path + "/*").c_str())`. The test finds nothing in the
+/// root, nor in a directory that has a wildcard in its path or more than 1021 characters.
 ///
 /// @par Thread safety
 /// An iterator and its copies serve one thread at a time. An open directory is held for each level of a walk.

@@ -154,6 +154,16 @@ struct FIO_PATH::detail {
     path.m_extension = parts.extension();
   }
 
+  // The end of a move: moved strings need not be empty.
+  static void leave_empty(FIO_PATH& path) noexcept {
+    path.m_full_path.clear();
+    path.m_drive.clear();
+    path.m_directory.clear();
+    path.m_base.clear();
+    path.m_extension.clear();
+    path.m_legal_length = false;
+  }
+
   // Whether a path that is made anew from the text of this one, and has divided into `parts`, differs from it in nothing
   // that simplification looks at.
   static bool is_as_divided(FIO_PATH const& path, stack_path const& parts) {
@@ -313,7 +323,7 @@ FIO_PATH::FIO_PATH(FIO_PATH&& other) noexcept
       m_directory(std::move(other.m_directory)), m_base(std::move(other.m_base)),
       m_extension(std::move(other.m_extension)), m_path_separator(other.m_path_separator),
       m_legal_length(other.m_legal_length) {
-  other.leave_empty();
+  detail::leave_empty(other);
 }
 
 FIO_PATH& FIO_PATH::operator=(FIO_PATH const& other) {
@@ -344,7 +354,7 @@ FIO_PATH& FIO_PATH::operator=(FIO_PATH&& other) noexcept {
     m_extension = std::move(other.m_extension);
     m_path_separator = default_path_separator();
     m_legal_length = true;
-    other.leave_empty();
+    detail::leave_empty(other);
   }
   return *this;
 }
@@ -432,16 +442,6 @@ void FIO_PATH::rebuild() {
   make_room(m_full_path, size);
   m_full_path.clear();
   compose([this](std::string_view piece) { m_full_path += piece; });
-}
-
-// The end of a move: moved strings need not be empty.
-void FIO_PATH::leave_empty() noexcept {
-  m_full_path.clear();
-  m_drive.clear();
-  m_directory.clear();
-  m_base.clear();
-  m_extension.clear();
-  m_legal_length = false;
 }
 
 // Reading

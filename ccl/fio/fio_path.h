@@ -483,11 +483,11 @@ public:
 private:
   struct division;
   struct detail;
+  friend struct fio_search_directory; // joins names to a directory without a path for each
 
   explicit FIO_PATH(division const& parts);
   void store_directory();
   void rebuild();
-  void leave_empty() noexcept;
 
   std::string m_full_path;
   std::string m_drive;

@@ -33,7 +33,7 @@ public:
   bool is_dot_entry() const { return is_dot_name(entry.name); }
   bool is_directory() const { return entry.attrib == attribute_directory; }
 
-  /// Empty until an entry is found.
+  /// Empty until an entry is found. Declared before the handle, whose initialisation fills it.
   _finddata_t entry = {};
 
 private:
