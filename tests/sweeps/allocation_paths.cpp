@@ -68,12 +68,12 @@ FIO_PATH path_with_separator_in_base() {
 
 // A path under the older rules of simplification, which the environment selects.
 struct path_and_old_rules {
-  path_and_old_rules() { ::setenv("fio_old_simplify", "1", 1); }
+  explicit path_and_old_rules(FIO_PATH const& subject) : path(subject) { ::setenv("fio_old_simplify", "1", 1); }
   ~path_and_old_rules() { ::unsetenv("fio_old_simplify"); }
   path_and_old_rules(path_and_old_rules const&) = delete;
   path_and_old_rules& operator=(path_and_old_rules const&) = delete;
 
-  FIO_PATH path{other_path};
+  FIO_PATH path;
 };
 
 std::string text_of(path_and_old_rules const& subject) { return ::text_of(subject.path); }
@@ -164,7 +164,7 @@ void add_other_setters(operation_table& table) {
   add("FIO_PATH::drive(char)", [](FIO_PATH& path) { path.drive('C'); });
   add("FIO_PATH::drive(std::string const&)", [](FIO_PATH& path) { path.drive(long_text); });
   add("FIO_PATH::path_separator(char)", [](FIO_PATH& path) { path.path_separator('|'); });
-  add("FIO_PATH::no_extension()", [](FIO_PATH& path) { path.no_extension(); }).allocates = false;
+  table.add_quiet({"FIO_PATH::no_extension()"}, tight_path, [](FIO_PATH& path) { path.no_extension(); });
   add("FIO_PATH::tail(std::string const&)", [](FIO_PATH& path) { path.tail(wide_text); }).goes_on_after_failure();
   add("FIO_PATH::filename(std::string const&)", [](FIO_PATH& path) {
     path.filename(long_name);
@@ -179,18 +179,24 @@ void add_other_setters(operation_table& table) {
       .goes_on_after_failure();
 }
 
+// A path becomes shorter in its own memory, unless a new division of its text would give another one.
 void add_simplifications(operation_table& table) {
   auto const unsimplified = [] { return FIO_PATH(other_path); };
-  table.add_quiet({"FIO_PATH::flatten()"}, unsimplified, [](FIO_PATH& path) { path.flatten(); });
-  table.add_quiet({"FIO_PATH::become_simplified()"}, unsimplified, [](FIO_PATH& path) { path.become_simplified(); });
-  table.add({"FIO_PATH::flatten()"}, path_with_separator_in_base, [](FIO_PATH& path) { path.flatten(); });
-  table.add({"FIO_PATH::flatten()"}, path_over_the_limit, [](FIO_PATH& path) { path.flatten(); })
-      .may_leave(work_is_done);
-  table.add({"FIO_PATH::become_simplified()"}, path_over_the_limit, [](FIO_PATH& path) { path.become_simplified(); })
-      .may_leave(work_is_done);
+  auto const flatten = [](FIO_PATH& path) { path.flatten(); };
+  auto const simplify = [](FIO_PATH& path) { path.become_simplified(); };
+  auto const simplify_by_old_rules = [](path_and_old_rules& subject) { subject.path.become_simplified(); };
+  table.add_quiet({"FIO_PATH::flatten()"}, unsimplified, flatten);
+  table.add_quiet({"FIO_PATH::become_simplified()"}, unsimplified, simplify);
   table.add_quiet(
-      {"FIO_PATH::become_simplified()"}, [] { return path_and_old_rules(); },
-      [](path_and_old_rules& subject) { subject.path.become_simplified(); });
+      {"FIO_PATH::become_simplified()"}, [] { return path_and_old_rules(FIO_PATH(other_path)); },
+      simplify_by_old_rules);
+  table.add({"FIO_PATH::flatten()"}, path_with_separator_in_base, flatten);
+  table.add({"FIO_PATH::become_simplified()"}, path_with_separator_in_base, simplify);
+  table.add(
+      {"FIO_PATH::become_simplified()"}, [] { return path_and_old_rules(path_with_separator_in_base()); },
+      simplify_by_old_rules);
+  table.add({"FIO_PATH::flatten()"}, path_over_the_limit, flatten).may_leave(work_is_done);
+  table.add({"FIO_PATH::become_simplified()"}, path_over_the_limit, simplify).may_leave(work_is_done);
 }
 
 void add_locations(operation_table& table) {
@@ -217,24 +223,39 @@ void add_locations(operation_table& table) {
       [](FIO_PATH const& path) { return path.get_relative_to(anchor); });
 }
 
+// A comparison asks for memory to copy a right path that a new division of its text would make another one, and to
+// write the message about a length.
 void add_comparisons(operation_table& table) {
+  auto const equal = [](two_paths const& paths) { return paths.left == paths.right; };
+  auto const unequal = [](two_paths const& paths) { return paths.left != paths.right; };
+  auto const less = [](two_paths const& paths) { return paths.left < paths.right; };
   auto const equal_paths = [] {
     two_paths paths;
     paths.right = workspace::root() + "/./" + long_path;
     return paths;
   };
-  table.add_quiet({"FIO_PATH::operator==(FIO_PATH const&) const"}, equal_paths,
-                  [](two_paths const& paths) { return paths.left == paths.right; });
-  table.add_quiet({"FIO_PATH::operator!=(FIO_PATH const&) const"}, equal_paths,
-                  [](two_paths const& paths) { return paths.left != paths.right; });
-  table.add_quiet({"FIO_PATH::operator<(FIO_PATH const&) const"}, equal_paths,
-                  [](two_paths const& paths) { return paths.left < paths.right; });
-  table.add_quiet({"FIO_PATH::operator==(std::string const&) const"}, path,
-                  [](FIO_PATH const& path) { return path == unsimplified_long_path; });
-  table.add_quiet({"FIO_PATH::operator!=(std::string const&) const"}, path,
-                  [](FIO_PATH const& path) { return path != unsimplified_long_path; });
-  table.add_quiet({"FIO_PATH::operator<(std::string const&) const"}, path,
-                  [](FIO_PATH const& path) { return path < unsimplified_long_path; });
+  table.add_quiet({"FIO_PATH::operator==(FIO_PATH const&) const"}, equal_paths, equal);
+  table.add_quiet({"FIO_PATH::operator!=(FIO_PATH const&) const"}, equal_paths, unequal);
+  table.add_quiet({"FIO_PATH::operator<(FIO_PATH const&) const"}, equal_paths, less);
+  auto const paths_with_two_separators = [] {
+    two_paths paths;
+    paths.right = unsimplified_long_path;
+    paths.right.path_separator('\\');
+    return paths;
+  };
+  table.add({"FIO_PATH::operator==(FIO_PATH const&) const"}, paths_with_two_separators, equal);
+  table.add({"FIO_PATH::operator!=(FIO_PATH const&) const"}, paths_with_two_separators, unequal);
+  table.add({"FIO_PATH::operator<(FIO_PATH const&) const"}, paths_with_two_separators, less);
+
+  auto const equal_to_text = [](FIO_PATH const& path) { return path == unsimplified_long_path; };
+  auto const unequal_to_text = [](FIO_PATH const& path) { return path != unsimplified_long_path; };
+  auto const less_than_text = [](FIO_PATH const& path) { return path < unsimplified_long_path; };
+  table.add_quiet({"FIO_PATH::operator==(std::string const&) const"}, path, equal_to_text);
+  table.add_quiet({"FIO_PATH::operator!=(std::string const&) const"}, path, unequal_to_text);
+  table.add_quiet({"FIO_PATH::operator<(std::string const&) const"}, path, less_than_text);
+  table.add({"FIO_PATH::operator==(std::string const&) const"}, path_over_the_limit, equal_to_text);
+  table.add({"FIO_PATH::operator!=(std::string const&) const"}, path_over_the_limit, unequal_to_text);
+  table.add({"FIO_PATH::operator<(std::string const&) const"}, path_over_the_limit, less_than_text);
   table.add_quiet({"FIO_PATH::os_specific_comparison(char const*, char const*)"}, no_object,
                   [](nothing) { return FIO_PATH::os_specific_comparison(long_path.c_str(), long_path.c_str()); });
 }
