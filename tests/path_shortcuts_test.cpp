@@ -129,7 +129,7 @@ struct plain_path {
 
   // Returns the directory of the text.
   std::string store_name(std::string const& given) {
-    std::string name = given.c_str();
+    std::string name(given, 0, given.find('\0'));
     legal = !name.empty() && name.size() <= longest_path;
     if (!legal) {
       name.clear();
@@ -210,7 +210,7 @@ struct plain_path {
       append_level(simplified, level, separator, absolute);
     }
     store_directory(simplified);
-    if (base.c_str() == "."s) {
+    if (std::strcmp(base.c_str(), ".") == 0) {
       base.clear();
     }
     if (extension == ".") {
@@ -220,19 +220,25 @@ struct plain_path {
   }
 };
 
+// What a path holds. A drive shows only in a text that is made anew.
 std::string state_of(std::string const& directory, std::string const& base, std::string const& extension,
-                     std::string const& text, char separator, bool legal) {
-  return directory + '|' + base + '|' + extension + '|' + text + '|' + separator + (legal ? "" : " illegal");
+                     std::string const& text, std::string const& new_text, char separator, bool legal) {
+  return directory + '|' + base + '|' + extension + '|' + text + '|' + (new_text == text ? "" : new_text) + '|' +
+         separator + (legal ? "" : " illegal");
 }
 
 std::string state_of(plain_path const& path) {
-  return state_of(path.directory, path.base, path.extension, path.text, path.separator,
+  plain_path anew(path);
+  anew.make_text();
+  return state_of(path.directory, path.base, path.extension, path.text, anew.text, path.separator,
                   path.legal && path.text.size() <= longest_path);
 }
 
 std::string state_of(FIO_PATH const& path) {
+  FIO_PATH anew(path);
+  anew.make_path(FIO_PATH::FILE_COMPONENTS(), "");
   return state_of(path.get_path_components(FIO_PATH::DIRECTORY), path.get_path_components(FIO_PATH::BASE),
-                  path.get_path_components(FIO_PATH::EXTENSION), path.fullpath(),
+                  path.get_path_components(FIO_PATH::EXTENSION), path.fullpath(), anew.fullpath(),
                   path.sync_path_separators("/").front(), path.is_legal_length());
 }
 
@@ -359,7 +365,8 @@ std::vector<operation> odd_edits() {
     edits.push_back(set_drive("C") + shorter);
     edits.push_back(make_extension("x") + shorter);
   }
-  for (std::string const& base : {"b\0c"s, "\0"s, "."s, ".\0"s, ".."s, "b/c"s, "/"s, "./b"s, "b\\c"s, "b.c"s}) {
+  for (std::string const& base :
+       {"b\0c"s, "\0"s, "."s, ".\0"s, ".."s, "b/c"s, "/"s, "./b"s, "b\\c"s, "b.c"s, "/a/b/c"s}) {
     edits.push_back(set_base(base));
   }
   for (std::string const& extension : {"x"s, "x."s, "."s, ".."s, ".\0x"s, "\0"s, ".x.y"s, "./y"s, ".\\y"s}) {
@@ -513,7 +520,8 @@ TEST_F(path_shortcuts, longer_components_are_set_as_they_are_step_by_step) {
 }
 
 TEST_F(path_shortcuts, extensions_of_two_types_are_set_as_they_are_step_by_step) {
-  FIO_EXTENSION_TYPE const types[] = {FIO_EXTENSION_TYPE_ANY, FIO_EXTENSION_TYPE_INVALID, FIO_EXTENSION_TYPE_VHD};
+  FIO_EXTENSION_TYPE const types[] = {FIO_EXTENSION_TYPE_ANY, FIO_EXTENSION_TYPE_INVALID, FIO_EXTENSION_TYPE_VHD,
+                                      static_cast<FIO_EXTENSION_TYPE>(9999)};
   for (both_paths const& paths : odd_paths({"", "a/b.c"})) {
     for (FIO_EXTENSION_TYPE const first : types) {
       for (FIO_EXTENSION_TYPE const second : types) {
@@ -733,6 +741,8 @@ TEST_F(path_shortcuts, a_path_that_no_text_gives_compares_as_it_does_step_by_ste
         ASSERT_NO_FATAL_FAILURE(expect_comparison(FIO_PATH(left), right.path, "/a"));
       }
       ASSERT_NO_FATAL_FAILURE(expect_comparison(right.path, right.path, "/a"));
+      ASSERT_NO_FATAL_FAILURE(expect_comparison(right.path, FIO_PATH(right.path.fullpath()), "/a"));
+      ASSERT_NO_FATAL_FAILURE(expect_comparison(right.path, right.path.fullpath(), "/a"));
       ASSERT_NO_FATAL_FAILURE(expect_comparison(FIO_PATH(right.path.fullpath()), right.path, "/a"));
     }
   }
@@ -764,7 +774,7 @@ std::string text_without_check(FIO_PATH const& path) {
 // The steps by which a path is seen from a directory.
 std::string relative_step_by_step(FIO_PATH const& path, std::string const& directory) {
   char const separator = path.sync_path_separators("/").front();
-  std::string const text = text_without_check(path);
+  std::string text = text_without_check(path);
   FIO_PATH const self(text);
   FIO_PATH const other(closed(path.sync_path_separators(directory), separator));
   if (!self.absolute() || !other.absolute() || self.levels() == 0 || other.levels() == 0 || self[0] != other[0]) {
