@@ -74,7 +74,8 @@ struct groups {
   std::vector<Path> paths;
 
   static constexpr std::size_t group = 100;
-  std::size_t size() const { return paths.size() / group; }
+  static constexpr std::size_t sorted = 10; ///< groups, at most: to sort takes long
+  std::size_t size() const { return std::min(paths.size() / group, sorted); }
 };
 
 template <typename Path, typename Less, typename Visitor>

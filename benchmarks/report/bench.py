@@ -95,11 +95,10 @@ def measure(program, quick):
 def report(program, quick):
     import document  # which needs a package that checking does not
 
-    cache = os.path.join(os.path.dirname(program), "figures.json")
-    with open(cache, "w") as out:
-        json.dump(measure(program, quick), out, indent=1)
-    with open(cache) as source:
-        document.write(json.load(source), os.path.join(REPOSITORY, "docs"))
+    figures = measure(program, quick)
+    with open(os.path.join(os.path.dirname(program), "figures.json"), "w") as out:
+        json.dump(figures, out, indent=1)
+    document.write(figures, os.path.join(REPOSITORY, "docs"))
     say("docs/performance.md")
 
 

@@ -210,9 +210,8 @@ def contract(figures):
          f"{time('walk.all', 'no status'):.0f}",
          "where names and kinds are enough, use the directory iterator"],
         ["a copied file is forced to stable storage",
-         f"in shared memory nothing: {time('copy.tree', 'floor') / 1000:.1f} µs an entry, without it "
-         f"{time('copy.tree', 'not forced out') / 1000:.1f}; on a disk it is the time of the disk for every file, and "
-         "more than all the rest",
+         f"in shared memory, where these figures were taken, {time('copy.tree', 'floor') / 1000:.1f} µs an entry and "
+         f"{time('copy.tree', 'not forced out') / 1000:.1f} without it; on a disk, the time of the disk for every file",
          "copy scratch data to a file system in memory"],
         ["binary streams hand over one byte a call",
          f"{time('streams.write'):.0f} ns for four bytes written, {time('streams.read'):.0f} read; past the state of "
