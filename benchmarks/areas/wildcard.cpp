@@ -57,13 +57,6 @@ void add_wildcard_workloads() {
         visit(size >= 2 && std::memcmp(name + size - 2, ".v", 2) == 0);
       },
       "compares the end alone");
-  add(
-      "wildcard.equal_run", bare_calls, pattern_cases()[5].names,
-      [](texts const& from, std::size_t item, auto visit) {
-        static std::string const run = std::string(100, 'a') + 'b';
-        visit(std::strstr(from[item].c_str(), run.c_str()) != nullptr);
-      },
-      "strstr");
 }
 
 } // namespace bench
