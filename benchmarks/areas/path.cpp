@@ -179,7 +179,7 @@ void add_bare_calls() {
   auto const divided = [] {
     divided_texts all;
     for (std::string const& text : all_texts()) {
-      all.text.emplace_back(text.size() <= 1023 ? std::string_view(text) : std::string_view());
+      all.text.push_back(std::string_view(text).substr(0, text.size() <= 1023 ? text.size() : 0));
       all.parts.push_back(floors::divide(all.text.back()));
     }
     return all;
