@@ -232,7 +232,7 @@ Written by `scripts/bench.sh`, which builds and measures everything again; nothi
 Each workload is done by the library (fio), by its **floor**, and by every peer that has the operation. The floor is the
 least code that has the same results, byte for byte, and makes the same system calls: five strings of its own for a
 path, the environment and the current directory read as often. The figures of this page are multiples of the floor: 1 is
-the least that the contract allows, and a peer below 1 does less, which the [table of differences](#what-peers-do-otherwise)
+the least that the contract allows, and a peer below 1 does less, which the table under "What peers do otherwise"
 says. `benchmarks/areas` and `benchmarks/peers` have each workload as it is written for the library and for its peers.
 {setting}
 ## Time

@@ -37,6 +37,7 @@ class basic_format;
 
 namespace fio_internal {
 
+/// For the library alone: an error of this code about a path.
 template <typename T>
 std::unique_ptr<T> make_path_error(std::string const& path);
 
