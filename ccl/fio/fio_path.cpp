@@ -62,7 +62,9 @@ bool is_old_simplification_chosen() { return std::getenv("fio_old_simplify") != 
 
 // The file name of the path that a text without NULs would give.
 std::string_view name_in(std::string_view text) {
-  return fio_internal::is_legal_length(text.size()) ? fio_internal::divide_text(text).name() : std::string_view();
+  return fio_internal::is_legal_length(text.size())
+             ? fio_internal::cut_name(text.substr(fio_internal::directory_size(text)))
+             : std::string_view();
 }
 
 // Anchors a path at the current directory, which is read for an absolute path as well.
@@ -114,6 +116,12 @@ struct FIO_PATH::detail {
 
   static bool has_plain_extension(FIO_PATH const& path) {
     return path.m_extension.empty() || path.m_extension.front() == '.';
+  }
+
+  // Not inlined: a text of legal length is read without a stack.
+  [[gnu::noinline]] static char const* long_text(FIO_PATH const& path) {
+    check_length(path.m_full_path);
+    return path.m_full_path.c_str();
   }
 
   // Replaces the end of a plain text, from `start` on.
@@ -187,7 +195,7 @@ struct FIO_PATH::detail {
     stack_path parts(path.m_full_path);
     if (is_as_divided(path, parts)) {
       parts.simplify(in_the_old_way);
-      // All of it becomes shorter, and no memory is needed.
+      // None of it becomes longer, so no memory is needed.
       path.m_directory = parts.directory();
       path.m_full_path = parts.text();
       erase_lone_dots(path);
@@ -221,7 +229,7 @@ struct FIO_PATH::detail {
     }
     directory.resize(result.close());
     // Memory runs out before anything is changed: this is all that the text can take.
-    path.m_full_path.reserve(path.m_drive.size() + directory.size() + path.m_base.size() + path.m_extension.size() + 3);
+    path.m_full_path.reserve(path.m_drive.size() + directory.size() + path.m_base.size() + path.m_extension.size() + 2);
     path.m_directory = std::move(directory);
     path.store_directory();
     erase_lone_dots(path);
@@ -238,18 +246,18 @@ struct FIO_PATH::detail {
     }
   }
 
-  // Whether the text may end with the name of another path. The ends settle it mostly that two paths are not equal.
+  // Whether the text may end with the name of another path. Mostly the ends settle that two paths are not equal.
   static bool may_end_with_name(std::string const& text, FIO_PATH const& path) {
     std::size_t const size = text.size();
     std::size_t const name_size = path.m_base.size() + path.m_extension.size();
-    // A longer text may have its extension cut, and is complained of.
+    // Beyond these limits the extension may be cut, and there may be a message about the length.
     bool const is_known = size <= fio_internal::longest_extension && is_plain(path) &&
                           is_path_length_within_operating_system_limits(path.m_full_path);
     return !is_known || (size >= name_size && (name_size == 0 || text.back() == path.m_full_path.back()) &&
                          (size == name_size || fio_internal::is_separator(text[size - name_size - 1])));
   }
 
-  // Apart from the quick test before it, which needs no stack.
+  // Not inlined: the quick test before it needs no stack for two paths.
   [[gnu::noinline]] static bool is_equal(std::string const& left, FIO_PATH const& right) {
     check_length(left);
     check_length(right.m_full_path);
@@ -454,8 +462,7 @@ std::string FIO_PATH::fullpath() const {
 FIO_PATH::operator std::string() const { return fullpath(); }
 
 FIO_PATH::operator char const*() const {
-  check_length(m_full_path);
-  return m_full_path.c_str();
+  return is_path_length_within_operating_system_limits(m_full_path) ? m_full_path.c_str() : detail::long_text(*this);
 }
 
 std::string FIO_PATH::get_path_components(int mask) const {
@@ -562,9 +569,6 @@ FIO_PATH& FIO_PATH::base(std::string const& text) {
 }
 
 FIO_PATH& FIO_PATH::filename(std::string const& text) {
-  if (text.empty()) {
-    return base(text).no_extension();
-  }
   divided_path const parts = divide_path(text.c_str());
   // Once there is room, only the text can run out of memory.
   make_room(m_base, parts.base.size());
@@ -573,7 +577,7 @@ FIO_PATH& FIO_PATH::filename(std::string const& text) {
     make_room(m_directory, m_directory.size() + parts.directory.size() + 2);
   }
   bool const was_plain = detail::is_plain(*this);
-  m_legal_length = parts.legal;
+  m_legal_length = text.empty() ? m_legal_length : parts.legal;
   if (!parts.directory.empty()) {
     close_with(m_directory, m_path_separator);
     m_directory += parts.directory;
@@ -713,7 +717,7 @@ std::string FIO_PATH::get_relative_to(std::string const& directory) const {
   }
   // Both begin and end with a separator, and so does what they have in common once it is cut behind the last one.
   std::size_t common = fio_internal::common_size(self.directory(), other.directory());
-  while (!fio_internal::is_separator(self.text()[common - 1])) {
+  while (self.text()[common - 1] != '/') {
     --common;
   }
   if (common == 1) {

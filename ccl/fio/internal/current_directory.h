@@ -17,7 +17,7 @@ class current_directory {
 public:
   current_directory() : m_known(osi_getcwd(m_buffer, size) != nullptr) {}
 
-  /// Reads it for nobody.
+  /// Reads it and discards it.
   static void read() {
     char buffer[size];
     osi_getcwd(buffer, size);

@@ -71,7 +71,12 @@ inline std::size_t base_size(std::string_view name) {
   return end != 0 ? end - 1 : name.size();
 }
 
-/// Divides a text of legal length that is not empty.
+/// A file name as it is divided: its extension may be cut.
+inline std::string_view cut_name(std::string_view name) {
+  return name.size() <= longest_extension ? name : name.substr(0, base_size(name) + longest_extension);
+}
+
+/// Divides a text of legal length.
 inline divided_path divide_text(std::string_view text) {
   std::string_view const name = text.substr(directory_size(text));
   divided_path parts;

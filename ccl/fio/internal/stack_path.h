@@ -17,7 +17,7 @@ namespace fio_internal {
 /// longest path.
 class stack_path {
 public:
-  /// The path of a text without NULs.
+  /// The path of a text without NULs: an empty path if it is too long.
   explicit stack_path(std::string_view text) : m_text(text.data()) {
     if (fits(text.size())) {
       divide(text.size());
@@ -41,7 +41,7 @@ public:
   /// False if the text was too long; the path is empty then.
   bool is_legal_length() const { return m_legal; }
 
-  /// Whether the name begins or ends with a dot: a base or an extension of a lone dot is in such a name alone.
+  /// Whether the name begins or ends with a dot: only such a name can have a base or an extension that is a lone dot.
   bool has_outer_dot() const {
     return m_size != m_directory && (m_text[m_directory] == '.' || m_text[m_size - 1] == '.');
   }
@@ -102,14 +102,10 @@ private:
     m_size = size;
     m_directory = directory_size(text());
     m_is_simple = is_simple(directory());
-    std::string_view divided_name = name();
-    if (divided_name.size() > longest_extension) {
-      divided_name = divide_text(divided_name).text();
-      m_size = m_directory + divided_name.size();
-    }
+    m_size = m_directory + cut_name(name()).size();
     if (!m_is_simple && !is_normal(directory(), '/')) {
       own_text();
-      divided_name = name();
+      std::string_view const divided_name = name();
       m_size = m_directory = normalise(m_buffer, m_directory, '/');
       append(divided_name);
     }
