@@ -1331,6 +1331,7 @@ TEST_F(file_system, same_file_reads_no_name_for_an_empty_pattern_and_none_behind
   ASSERT_EQ(::mprotect(unreadable, page, PROT_NONE), 0);
   std::memcpy(unreadable - 3, "abc", 3);
   EXPECT_TRUE(F::same_file(unreadable, ""));
+  EXPECT_TRUE(F::same_file(nullptr, ""));
   EXPECT_TRUE(F::same_file(unreadable - 3, "abc"));
   EXPECT_FALSE(F::same_file(unreadable - 3, "axcdef"));
   EXPECT_EQ(::munmap(pages, 2 * page), 0);

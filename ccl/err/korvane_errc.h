@@ -11,6 +11,7 @@
 #include <boost/container/small_vector.hpp>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -38,8 +39,9 @@ public:
     for (KORVANE_ERROR_MESSAGE const& sub_message : sub_messages) {
       if (&sub_message == this) {
         // The lines move when they need more room, which must not happen to those that are being copied.
-        auto const own_lines = m_lines;
-        m_lines.insert(m_lines.end(), own_lines.begin(), own_lines.end());
+        auto own_lines = m_lines;
+        m_lines.insert(m_lines.end(), std::make_move_iterator(own_lines.begin()),
+                       std::make_move_iterator(own_lines.end()));
       } else {
         m_lines.insert(m_lines.end(), sub_message.m_lines.begin(), sub_message.m_lines.end());
       }

@@ -24,8 +24,14 @@
 #include <string>
 #include <utility>
 
-#include "ccl/err/korvane_errc.h"
 #include "ccl/fio/fio_export.h"
+
+// Another platform may have all of its errors in one header.
+#if !defined(CCL_PLATFORM_REPLACED) && __has_include("ccl/err/korvane_errc.h")
+#include "ccl/err/korvane_errc.h"
+#else
+#include "ccl/err/korvane_error.h"
+#endif
 
 namespace boost {
 
@@ -52,7 +58,9 @@ public:
   ///
   /// @throws boost::io::format_error if the object was fed too few arguments
   template <typename Character, typename Traits, typename Allocator>
-  explicit FIO_ERRC(boost::basic_format<Character, Traits, Allocator> const& formatted) : FIO_ERRC(formatted.str()) {}
+  explicit FIO_ERRC(boost::basic_format<Character, Traits, Allocator> const& formatted) {
+    set_line(formatted.str());
+  }
 
   std::unique_ptr<KORVANE_ERRC> clone() const override = 0;
   ~FIO_ERRC() override;
@@ -69,9 +77,12 @@ private:
   template <typename T>
   friend std::unique_ptr<T> fio_internal::make_path_error(std::string const& path);
 
-  explicit FIO_ERRC(std::string words) {
+  explicit FIO_ERRC(std::string words) { set_line(std::move(words)); }
+
+  template <typename Words>
+  void set_line(Words&& words) {
     m_message.m_lines.emplace_back();
-    m_message.m_lines.back().m_text = std::move(words);
+    m_message.m_lines.back().m_text = std::forward<Words>(words);
     m_message.unpack_submsgs(std::initializer_list<KORVANE_ERROR_MESSAGE>());
   }
 

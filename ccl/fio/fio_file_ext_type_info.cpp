@@ -56,17 +56,20 @@ bool holds_key(std::uint32_t const (&block)[extension_key_table::block_size], st
 // The first row of an extension, or null.
 extension_row const* find_extension(padded_extension const& extension) {
   std::uint32_t const key = fio_tables::extension_key(extension);
-  extension_row const* row = fio_extension_type_datas;
+  std::size_t start = 0;
   for (auto const& block : fio_tables::fio_extension_keys.blocks) {
-    if (!holds_key(block, key)) {
-      row += std::size(block);
-      continue;
-    }
-    for (std::size_t i = 0; i != std::size(block) && row != end_of_extensions(); ++i, ++row) {
-      if (std::memcmp(row->extension, extension, sizeof extension) == 0) {
+    std::size_t const end = std::min(start + std::size(block), std::size(fio_extension_type_datas));
+    if (holds_key(block, key)) {
+      auto const has_extension = [&extension](extension_row const& row) {
+        return std::memcmp(row.extension, extension, sizeof extension) == 0;
+      };
+      auto const* const row =
+          std::find_if(fio_extension_type_datas + start, fio_extension_type_datas + end, has_extension);
+      if (row != fio_extension_type_datas + end) {
         return row;
       }
     }
+    start = end;
   }
   return nullptr;
 }

@@ -262,8 +262,8 @@ std::string text_of(KORVANE_ERROR_MESSAGE const& message) {
 
 } // namespace
 
-// Makes an error of the class `T` with the words of the factory that serves everybody. The format library, which that
-// one uses, would be a sixth of this library, and a fifth of the names that the loader looks up for it.
+// Makes what `make_korvane_error<T>(path)` makes, without the format library: that would be a sixth of this library, and
+// a fifth of the names that the loader looks up for it.
 template <typename T>
 std::unique_ptr<T> fio_internal::make_path_error(std::string const& path) {
   static constexpr std::string_view format = T::format_text();

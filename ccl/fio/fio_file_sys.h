@@ -193,7 +193,7 @@ public:
   ///
   /// Where the text between two `*` first fits, it is taken; no other place is tried. Linear in the length of the name
   /// for each piece between two `*`, unless the piece has a `?`.
-  [[nodiscard, gnu::nonnull]] FIO_EXPORT static bool same_file(char const* name, char const* pattern);
+  [[nodiscard, gnu::nonnull(2)]] FIO_EXPORT static bool same_file(char const* name, char const* pattern);
   /// @}
 
   /// @name Path texts
@@ -263,11 +263,11 @@ public:
   ///         otherwise a handle for `findnext`, to be released by `findclose`. `*fileinfo` is filled unless it is -1.
   /// @throws std::logic_error if `filespec` is null
   /// @throws std::bad_alloc if the handle cannot be stored; the directory then stays open
-  [[nodiscard, gnu::nonnull(2)]] FIO_EXPORT static long findfirst(char const* filespec, _finddata_t* fileinfo);
+  [[nodiscard]] FIO_EXPORT static long findfirst(char const* filespec, _finddata_t* fileinfo);
 
   /// Finds the next entry: 0 with `*fileinfo` filled, otherwise non-zero. Entries that vanish meanwhile are passed
   /// over. A handle of -1, 0 or 1 has no next entry.
-  [[nodiscard, gnu::nonnull(2)]] FIO_EXPORT static int findnext(long handle, _finddata_t* fileinfo);
+  FIO_EXPORT static int findnext(long handle, _finddata_t* fileinfo);
 
   /// Releases a handle: 1, or -1 if it was -1, 0 or 1 and there was nothing to release.
   FIO_EXPORT static int findclose(long handle);

@@ -1,5 +1,7 @@
 #include "ccl/fio/fio_file_type_info.h"
 
+#include <string_view>
+
 #include "ccl/fio/fio_file_ext_type_info.h"
 #include "ccl/fio/internal/filter_text.h"
 #include "ccl/fio/internal/module.h"
@@ -34,11 +36,15 @@ bool FIO_FILE_TYPE_INFO::is_design_file(FIO_FILE_TYPE file_type) {
 }
 
 std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural) {
+  std::string_view const name = fio_get_file_type_name(file_type);
+  if (name.empty()) {
+    return {};
+  }
   std::list<FIO_EXTENSION_TYPE> extensions;
   fio_get_extension_type_list(&extensions, FIO_EXTENSION_TYPE_ANY, file_type);
   std::string patterns; // every extension of the vocabulary has a text
   for (FIO_EXTENSION_TYPE const extension : extensions) {
     patterns.append(patterns.empty() ? "*" : " *").append(fio_get_extension_string(extension));
   }
-  return fio_internal::filter_text(fio_get_file_type_name(file_type), plural, patterns);
+  return fio_internal::filter_text(name, plural, patterns);
 }
