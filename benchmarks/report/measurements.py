@@ -135,7 +135,7 @@ def versions():
                 break
     return {
         "processor": f"{processor}, {os.cpu_count()} in use",
-        "system": f"{os.uname().sysname} {os.uname().release.split("-")[0]}",
+        "system": f"{os.uname().sysname} {os.uname().release.split('-')[0]}",
         "libc": run(["getconf", "GNU_LIBC_VERSION"]).strip(),
         "compiler": run([os.environ.get("CXX", "c++"), "--version"]).splitlines()[0],
     }

@@ -126,15 +126,25 @@ private:
     }
   }
 
+  // The number of characters from `start` on that stand before a level of the directory that begins with a dot.
+  std::size_t simple_size(std::size_t start) const { return size_without_dot_levels(directory().substr(start)); }
+
   // Simplifies the directory in its place. Returns its size.
   std::size_t simplify_directory() {
-    std::size_t const simple = size_without_dot_levels(directory());
-    simplified_directory result(m_buffer, simple > 1 ? simple - 1 : simple, '/', is_absolute());
-    for (std::size_t start = simple, end = simple; start != m_directory; start = ++end) {
+    std::size_t start = simple_size(0);
+    simplified_directory result(m_buffer, start > 1 ? start - 1 : start, '/', is_absolute());
+    while (start != m_directory) {
+      std::size_t end = start;
       while (m_text[end] != '/') {
         ++end;
       }
       result.append({m_text + start, end - start});
+      start = end + 1;
+      // The levels up to the next one of these are appended like one.
+      if (std::size_t const size = simple_size(start)) {
+        result.append({m_text + start, size - 1});
+        start += size;
+      }
     }
     return result.close();
   }
