@@ -1362,7 +1362,7 @@ TEST_F(file_system, same_file_agrees_with_its_rules_on_names_of_ten_thousand_byt
   std::minstd_rand random(20240301);
   auto const below = [&random](std::size_t bound) { return static_cast<std::size_t>(random()) % bound; };
   int matches = 0;
-  for (int round = 0; round != 200; ++round) {
+  for (int round = 0; round != 60; ++round) {
     std::string name(10'000, 'a');
     for (std::size_t changes = below(40); changes != 0; --changes) {
       name[below(name.size())] = "ab?\xff"[below(4)];
@@ -1381,8 +1381,8 @@ TEST_F(file_system, same_file_agrees_with_its_rules_on_names_of_ten_thousand_byt
     matches += expected ? 1 : 0;
     ASSERT_EQ(F::same_file(name.c_str(), pattern.c_str()), expected) << name << " against " << pattern;
   }
-  EXPECT_GT(matches, 20);
-  EXPECT_LT(matches, 180);
+  EXPECT_GT(matches, 5);
+  EXPECT_LT(matches, 55);
 }
 
 // The work grows with the sum of the lengths and not with their product, which no test would live to see the end of.
@@ -1396,8 +1396,8 @@ TEST_F(file_system, same_file_walks_a_long_run_of_equal_letters_once) {
   EXPECT_TRUE(F::same_file((name + "bc").c_str(), ('*' + run + "b*").c_str()));
 }
 
-TEST_F(file_system, same_file_walks_a_million_stars) {
-  std::string const stars = repeated(1'000'000, '*');
+TEST_F(file_system, same_file_walks_a_hundred_thousand_stars) {
+  std::string const stars = repeated(100'000, '*');
   EXPECT_TRUE(F::same_file("x", stars.c_str()));
   EXPECT_FALSE(F::same_file("", stars.c_str()));
   EXPECT_TRUE(F::same_file("xyz", (stars + 'z').c_str()));
@@ -1407,14 +1407,14 @@ TEST_F(file_system, same_file_walks_a_million_stars) {
   EXPECT_TRUE(F::same_file(stars.c_str(), stars.c_str()));
 }
 
-TEST_F(file_system, same_file_walks_texts_of_a_million_bytes) {
-  std::string const name = repeated(1'000'000, 'a');
+TEST_F(file_system, same_file_walks_texts_of_a_hundred_thousand_bytes) {
+  std::string const name = repeated(100'000, 'a');
   std::string alternating;
-  for (int pair = 0; pair != 500'000; ++pair) {
+  for (int pair = 0; pair != 50'000; ++pair) {
     alternating += "a*";
   }
   EXPECT_TRUE(F::same_file(name.c_str(), name.c_str()));
-  EXPECT_TRUE(F::same_file(name.c_str(), repeated(1'000'000, '?').c_str()));
+  EXPECT_TRUE(F::same_file(name.c_str(), repeated(100'000, '?').c_str()));
   EXPECT_TRUE(F::same_file(name.c_str(), alternating.c_str()));
   EXPECT_FALSE(F::same_file(name.c_str(), ('*' + alternating + 'b').c_str()));
 }
