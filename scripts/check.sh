@@ -24,8 +24,9 @@ full=
 
 need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
 
-# The tests that build the library once more.
-building_tests='^package\.(stands_on_another_platform|starts_.*_(add_subdirectory|fetch_content|another_package))$'
+# What the quick form leaves to the others: the tests that build the library once more, and the one whose program it runs
+# over the sanitized library.
+longer_tests='^(faults\.real_faults|package\.(stands_on_another_platform|starts_.*_(add_subdirectory|fetch_content|another_package)))$'
 
 clock=$(mktemp)
 trap 'rm -f "$clock"' EXIT
@@ -190,7 +191,7 @@ if build_and_count release; then
   released=yes
   say "release: testing"
   if [ "$form" = quick ]; then
-    run_tests release -LE '^table$' -E "$building_tests"
+    run_tests release -LE '^table$' -E "$longer_tests"
     for program in fio_test platform_test; do
       run_test_program "$repository/build/release/$program.xml" "build/release/tests/$program"
     done
