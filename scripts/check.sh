@@ -76,7 +76,7 @@ count_report() {
 }
 
 sources() {
-  find ccl examples tests benchmarks \( -name '*.h' -o -name '*.cpp' \) -print | sort
+  find ccl tools examples tests benchmarks \( -name '*.h' -o -name '*.cpp' \) -print | sort
 }
 
 format_is_right() {
@@ -85,7 +85,7 @@ format_is_right() {
 
 # What clang-tidy says of its own progress goes to a log.
 tidy_is_silent() {
-  sources | grep '^\(ccl\|examples\)/.*\.cpp$' |
+  sources | grep '^\(ccl\|tools\|examples\)/.*\.cpp$' |
     xargs -P "$(nproc)" -n 2 clang-tidy --quiet --warnings-as-errors='*' -p build/clang 2>build/tidy.log ||
     { tail -n 5 build/tidy.log >&2 && return 1; }
 }

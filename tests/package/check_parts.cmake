@@ -5,7 +5,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 set(configure ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX})
-foreach(package GTest CLI11 nlohmann_json benchmark Doxygen)
+foreach(package GTest CLI11 nlohmann_json fmt benchmark Doxygen)
   list(APPEND configure -DCMAKE_DISABLE_FIND_PACKAGE_${package}=ON)
 endforeach()
 
@@ -13,7 +13,8 @@ run(${configure})
 string(REGEX MATCHALL "Left out: [^\n]*" left_out "${output}")
 set(examples_need "CLI11 (Debian: libcli11-dev), nlohmann_json (Debian: nlohmann-json3-dev)")
 set(expected "Left out: the tests, which need GTest (Debian: libgtest-dev)"
-             "Left out: the examples, which need ${examples_need}")
+             "Left out: the examples, which need ${examples_need}"
+             "Left out: the tools, which need ${examples_need}, fmt (Debian: libfmt-dev)")
 if(NOT left_out STREQUAL expected)
   message(FATAL_ERROR "left out, but not what was expected: ${left_out}")
 endif()
@@ -22,7 +23,9 @@ run_and_fail("CCL_BUILD_TESTS is ON, and the tests need GTest \\(Debian: libgtes
              -DCCL_BUILD_TESTS=ON)
 run_and_fail("CCL_BUILD_EXAMPLES is ON, and the examples need CLI11 \\(Debian: libcli11-dev\\), nlohmann_json"
              ${configure} -DCCL_BUILD_TESTS=OFF -DCCL_BUILD_EXAMPLES=ON)
+run_and_fail("CCL_BUILD_TOOLS is ON, and the tools need CLI11 \\(Debian: libcli11-dev\\), nlohmann_json" ${configure}
+             -DCCL_BUILD_EXAMPLES=OFF -DCCL_BUILD_TOOLS=ON)
 run_and_fail("CCL_BUILD_BENCHMARKS is ON, and the benchmarks need benchmark \\(Debian: libbenchmark-dev\\)"
-             ${configure} -DCCL_BUILD_EXAMPLES=OFF -DCCL_BUILD_BENCHMARKS=ON)
+             ${configure} -DCCL_BUILD_TOOLS=OFF -DCCL_BUILD_BENCHMARKS=ON)
 run_and_fail("needs Boost 1.74 or later \\(Debian: libboost-dev, libboost-filesystem-dev\\)" ${configure}
              -DCCL_BUILD_BENCHMARKS=OFF -DCMAKE_DISABLE_FIND_PACKAGE_Boost=ON)

@@ -1,0 +1,212 @@
+// copy: copies files and trees with their times, and says what was left out and why.
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "ccl/fio/fio_file_sys.h"
+#include "ccl/fio/fio_path.h"
+#include "tools/ccl-fio/command.h"
+#include "tools/ccl-fio/output.h"
+#include "tools/ccl-fio/report.h"
+#include "tools/ccl-fio/tree.h"
+
+namespace tool {
+
+namespace {
+
+struct copy_options {
+  format_options format;
+  std::vector<std::string> names;
+  std::string target;
+  bool overwrite = false;
+  bool no_times = false;
+  bool follow = false;
+  bool dry_run = false;
+};
+
+/// Whether a path, which need not exist, lies in a directory: one of the directories above it is that directory.
+bool lies_in(std::string const& directory, std::string const& path) {
+  auto const real_directory = FIO_PATH::canonical(directory);
+  FIO_PATH above(path + '/');
+  above.become_absolute("");
+  for (; above.levels() > 0; above.cd("..")) {
+    auto const real_above = FIO_PATH::canonical(above.fullpath());
+    if (real_directory && real_above == real_directory) {
+      return true;
+    }
+  }
+  return false;
+}
+
+class copier {
+public:
+  explicit copier(copy_options const& given) : m_given(given), m_report("copied", given.dry_run, given.format) {}
+
+  /// What stands in a directory is copied into the target, and of anything else itself.
+  void copy_source(std::string const& path) {
+    tree_entry const source = entry_at(without_separator(path), m_given.follow);
+    std::string const target = without_separator(m_given.target);
+    if (source.error == 0 && source.is_directory()) {
+      if (lies_in(source.path, target)) {
+        throw usage_error(fmt::format("copy: the target \"{}\" lies in \"{}\"", target, path));
+      }
+      copy_contents(source, target);
+    } else if (has_directory(target)) {
+      copy_entry(source, target + '/' + source.name);
+    }
+  }
+
+  exit_status finish() const { return m_report.write(); }
+
+private:
+  /// Whether there is a directory, made now or not.
+  bool has_directory(std::string const& path) {
+    tree_entry const there = entry_at(path, m_given.follow || path == without_separator(m_given.target));
+    if (there.is_directory()) {
+      return true;
+    }
+    if (there.error == ENOENT) {
+      return m_given.dry_run || make_directory(path);
+    }
+    m_report.add(outcome::failed, path, there.is_link ? "a link, which only --follow enters" : std::strerror(ENOTDIR));
+    return false;
+  }
+
+  bool make_directory(std::string const& path) {
+    if (path != without_separator(m_given.target)) {
+      bool const made = FIO_FILE_SYSTEM::mkdir(path.c_str()) == 0;
+      if (!made) {
+        m_report.add(outcome::failed, path, std::strerror(errno));
+      }
+      return made;
+    }
+    if (FIO_FILE_SYSTEM::create(path)) {
+      return true;
+    }
+    // `create` leaves no cause behind; the standard library does, where it fails as well.
+    std::error_code why;
+    std::filesystem::create_directories(path, why);
+    m_report.add(outcome::failed, path, why ? why.message() : "cannot be made");
+    return false;
+  }
+
+  void copy_contents(tree_entry const& directory, std::string const& target) {
+    if (!m_open.enter(directory)) {
+      m_report.add(outcome::left, directory.path, "a link to a directory that it is in");
+      return;
+    }
+    int error = 0;
+    std::vector<tree_entry> const entries = entries_of(directory.path, m_given.follow, error);
+    if (error != 0) {
+      m_report.add(outcome::failed, directory.path, std::strerror(error));
+    } else if (has_directory(target)) {
+      for (tree_entry const& entry : entries) {
+        copy_entry(entry, target + '/' + entry.name);
+      }
+    }
+    m_open.leave();
+  }
+
+  void copy_entry(tree_entry const& entry, std::string const& target) {
+    if (entry.error != 0) {
+      m_report.add(outcome::failed, entry.path, std::strerror(entry.error));
+    } else if (entry.is_directory()) {
+      copy_contents(entry, target);
+    } else if (entry.is_link && !m_given.follow) {
+      m_report.add(outcome::left, entry.path, "a link, which only --follow reads");
+    } else if (!entry.is_file()) {
+      m_report.add(outcome::left, entry.path, "neither a file nor a directory");
+    } else {
+      copy_file(entry.path, target);
+    }
+  }
+
+  void copy_file(std::string const& source, std::string const& target) {
+    // The library takes a name with one of these for a pattern.
+    if (target.find_first_of("*?") != std::string::npos) {
+      m_report.add(outcome::left, source, "a name with a wildcard");
+      return;
+    }
+    tree_entry const there = entry_at(target, false);
+    if (there.error != ENOENT && (there.is_directory() || !m_given.overwrite)) {
+      m_report.add(there.is_directory() ? outcome::failed : outcome::kept, target,
+                   there.is_directory() ? std::strerror(EISDIR) : "exists already");
+      return;
+    }
+    errno = 0;
+    if (!m_given.dry_run && !FIO_FILE_SYSTEM::copy(source, target, m_given.overwrite, !m_given.no_times)) {
+      m_report.add(outcome::failed, source, errno != 0 ? std::strerror(errno) : "cannot be copied");
+      return;
+    }
+    m_report.add(outcome::changed, target);
+  }
+
+  copy_options const& m_given;
+  report m_report;
+  open_directories m_open;
+};
+
+/// The files that a name stands for: itself, or those that match it.
+std::vector<std::string> matches_of(std::string const& name) {
+  if (name.find_first_of("*?") == std::string::npos) {
+    return {name};
+  }
+  std::vector<std::string> matches;
+  std::string const directory = FIO_PATH(name).directory();
+  _finddata_t entry;
+  long const walk = FIO_FILE_SYSTEM::findfirst(name.c_str(), &entry);
+  if (walk != -1) {
+    do {
+      if (!FIO_PATH::is_dot_directory(entry.name)) {
+        matches.push_back(directory + entry.name);
+      }
+    } while (FIO_FILE_SYSTEM::findnext(walk, &entry) == 0);
+  }
+  FIO_FILE_SYSTEM::findclose(walk);
+  if (matches.empty()) {
+    throw usage_error(fmt::format("copy: nothing matches \"{}\"", name));
+  }
+  std::sort(matches.begin(), matches.end());
+  return matches;
+}
+
+exit_status run(copy_options const& given) {
+  copier work(given);
+  for (std::string const& name : expand_names(given.names, given.format.zero)) {
+    for (std::string const& source : matches_of(name)) {
+      work.copy_source(source);
+    }
+  }
+  return work.finish();
+}
+
+} // namespace
+
+void add_copy(CLI::App& application, invocation& call) {
+  auto const given = std::make_shared<copy_options>();
+  CLI::App& copy = *application.add_subcommand("copy", "copy files and trees with their times");
+  copy.add_option("-t,--to", given->target, "the directory to copy into, which is made if it is missing")
+      ->required()
+      ->type_name("DIR");
+  copy.add_flag("--overwrite", given->overwrite, "replace files that are there already");
+  copy.add_flag("--no-times", given->no_times, "do not keep the times of the files");
+  copy.add_flag("-n,--dry-run", given->dry_run, "copy nothing, and say what would be copied");
+  copy.add_flag("--follow", given->follow, "read what links lead to, and enter the directories that they lead to");
+  add_format_options(copy, given->format);
+  add_names(copy, "a file, a directory whose contents are copied, or a pattern of files; - for standard input");
+  copy.callback([given, &copy, &call] {
+    given->names = required_names_of(copy, call);
+    call.status = run(*given);
+  });
+}
+
+} // namespace tool

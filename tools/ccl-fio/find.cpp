@@ -1,0 +1,228 @@
+// find: takes names over a search path, as a tool does with its sources, and tells where each was found and what it is.
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <boost/filesystem/exception.hpp>
+#include <cerrno>
+#include <cstring>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ccl/fio/fio.h"
+#include "tools/ccl-fio/command.h"
+#include "tools/ccl-fio/include_tree.h"
+#include "tools/ccl-fio/json.h"
+#include "tools/ccl-fio/output.h"
+#include "tools/ccl-fio/search.h"
+#include "tools/ccl-fio/vocabulary.h"
+
+namespace tool {
+
+namespace {
+
+struct find_options {
+  format_options format;
+  std::string search_path;
+  std::optional<std::string> absolute_to;
+  std::optional<std::string> extensions;
+  std::vector<std::string> names;
+  bool recursive = false;
+  bool shadowed = false;
+  bool includes = false;
+  bool beside = false;
+};
+
+/// A name and one place where it was found, with the places that it hides. Not found means an empty path.
+struct result {
+  std::string name;
+  std::string path;
+  std::vector<std::string> hidden;
+};
+
+// Searching
+
+std::vector<std::string> split(std::string const& text, char separator) {
+  std::vector<std::string> parts(1);
+  for (char const character : text) {
+    if (character == separator) {
+      parts.emplace_back();
+    } else {
+      parts.back() += character;
+    }
+  }
+  return parts;
+}
+
+void append_results(std::string const& name, find_options const& given, FIO_FIND const& find, name_search const& search,
+                    std::vector<result>& results) {
+  std::size_t const before = results.size();
+  if (given.extensions) {
+    std::list<FIO_PATH> places;
+    if (is_findable(name)) {
+      find.find_all(name, split(*given.extensions, ','), &places, false, false);
+    }
+    for (FIO_PATH const& place : places) {
+      results.push_back({name, place.fullpath(), {}});
+    }
+  } else if (given.shadowed) {
+    std::vector<std::string> places = search.all(name);
+    if (!places.empty()) {
+      results.push_back({name, places.front(), {places.begin() + 1, places.end()}});
+    }
+  } else if (std::string place = search.first(name); !place.empty()) {
+    results.push_back({name, std::move(place), {}});
+  }
+  if (results.size() == before) {
+    results.push_back({name, "", {}});
+  }
+}
+
+// Output
+
+type_facts facts_of(std::string const& path) {
+  FIO_EXTENSION_TYPE const extension = fio_get_extension_type(path);
+  return {fio_get_file_type(extension), extension};
+}
+
+void write_for_people(std::vector<result> const& results, bool all_columns) {
+  table contents = {{{"name"}, {"found at"}}, 3, {}};
+  std::vector<column> const facts = fact_columns();
+  contents.columns.insert(contents.columns.end(), facts.begin(), facts.end());
+  for (result const& found : results) {
+    bool const missing = found.path.empty();
+    auto& row = contents.rows.emplace_back();
+    row = {{found.name}, missing ? cell{"not found", style::bad} : cell{found.path}};
+    append_facts(row, missing ? type_facts() : facts_of(found.path));
+    for (std::string const& path : found.hidden) {
+      auto& hidden = contents.rows.emplace_back();
+      hidden = {{"  hides", style::faint}, {path, style::faint}};
+      append_facts(hidden, type_facts());
+    }
+  }
+  write_table(contents, all_columns);
+}
+
+void write_for_programs(std::vector<result> const& results, bool shadowed) {
+  json list = json::array();
+  for (result const& found : results) {
+    json object = {{"name", name_to_json(found.name)}, {"path", name_or_null(found.path)}};
+    append_facts(object, found.path.empty() ? type_facts() : facts_of(found.path));
+    if (shadowed) {
+      object["hides"] = json::array();
+      std::transform(found.hidden.begin(), found.hidden.end(), std::back_inserter(object["hides"]), name_to_json);
+    }
+    list.push_back(std::move(object));
+  }
+  write_json(list);
+}
+
+void write_records(std::vector<result> const& results) {
+  for (result const& found : results) {
+    if (!found.path.empty()) {
+      write_record(found.path);
+      std::for_each(found.hidden.begin(), found.hidden.end(), write_record);
+    }
+  }
+}
+
+// The subcommand
+
+/// Warns of directories that are missing, and refuses a search path without any.
+void check_directories(FIO_FIND const& find, std::string const& search_path) {
+  std::size_t usable = 0;
+  for (FIO_PATH const& directory : find.m_search_list) {
+    std::string const text = directory.fullpath();
+    errno = 0;
+    if (directory.is_legal_length() && FIO_FILE_SYSTEM::is_directory(text.c_str())) {
+      ++usable;
+    } else {
+      complain("warning", fmt::format("search path: {}: {}", text, std::strerror(errno != 0 ? errno : ENOTDIR)));
+    }
+  }
+  if (usable == 0) {
+    throw usage_error(fmt::format("no directory of the search path \"{}\" exists", search_path));
+  }
+}
+
+void check_options(find_options const& given, FIO_FIND& find) {
+  if (given.absolute_to && !find.set_directory_for_results_to_become_absolute_to(given.absolute_to->c_str())) {
+    throw usage_error(fmt::format("--absolute-to: \"{}\" is no absolute directory", *given.absolute_to));
+  }
+  if (given.extensions || given.includes) {
+    return;
+  }
+  for (std::string const& name : given.names) {
+    if (name.find_first_of("*?") != std::string::npos) {
+      throw usage_error(fmt::format("\"{}\": a name with a wildcard needs --all", name));
+    }
+  }
+}
+
+exit_status run(find_options given) try {
+  FIO_FIND find(given.search_path, false);
+  check_directories(find, given.search_path);
+  if (given.recursive) {
+    find.m_recursive = true;
+    find.add_subdirs();
+  }
+  given.names = expand_names(given.names, given.format.zero);
+  check_options(given, find);
+  if (given.includes) {
+    return write_include_trees(find, given.names, given.beside, given.format);
+  }
+  name_search const search(find);
+  std::vector<result> results;
+  for (std::string const& name : given.names) {
+    append_results(name, given, find, search, results);
+  }
+  if (given.format.json) {
+    write_for_programs(results, given.shadowed);
+  } else if (given.format.zero) {
+    write_records(results);
+  } else {
+    write_for_people(results, given.format.all_columns);
+  }
+  bool const all = std::none_of(results.begin(), results.end(), [](result const& one) { return one.path.empty(); });
+  return all ? done : not_all;
+} catch (boost::filesystem::filesystem_error const& error) {
+  // Which directory it is, is not always told.
+  std::string const where = error.path1().empty() ? "" : error.path1().string() + ": ";
+  throw std::runtime_error(fmt::format("the search path cannot be read: {}{}", where, error.code().message()));
+}
+
+} // namespace
+
+void add_find(CLI::App& application, invocation& call) {
+  auto const given = std::make_shared<find_options>();
+  CLI::App& find = *application.add_subcommand("find", "find names over a search path, and say what they are");
+  find.add_option("-s,--search-path", given->search_path, "directories to search in this order, separated by \";\"")
+      ->required()
+      ->type_name("DIR;DIR...");
+  find.add_flag("-r,--recursive", given->recursive, "search all subdirectories too, behind all given directories");
+  auto* const all = find.add_option("-a,--all", given->extensions,
+                                    "find each name in all directories, with each of these extensions");
+  all->type_name("EXT,EXT...");
+  auto* const shadowed =
+      find.add_flag("--shadowed", given->shadowed, "list also the files further on that each hit hides");
+  find.add_option("--absolute-to", given->absolute_to, "make relative results absolute to this directory")
+      ->type_name("DIR");
+  auto* const includes = find.add_flag("--includes", given->includes,
+                                       "the names are Verilog or SystemVerilog sources: find what they include, and "
+                                       "what that includes");
+  find.add_flag("--beside", given->beside, "with --includes, look first where the including file is")->needs(includes);
+  add_format_options(find, given->format);
+  add_names(find, "a file name, or a path below a directory of the search path; - for standard input");
+  shadowed->excludes(all)->excludes(includes);
+  all->excludes(includes);
+  find.callback([given, &find, &call] {
+    given->names = required_names_of(find, call);
+    call.status = run(*given);
+  });
+}
+
+} // namespace tool
