@@ -5,10 +5,14 @@ set(ccl_package_platform libccl-platform${abi})
 set(ccl_package_fio libccl-fio${abi})
 set(ccl_package_development libccl-fio-dev)
 set(ccl_package_documentation libccl-fio-doc)
+set(ccl_package_tools ccl-fio-tools)
 
 set(CPACK_COMPONENTS_ALL platform fio development)
 if(CCL_BUILD_DOCS)
   list(APPEND CPACK_COMPONENTS_ALL documentation)
+endif()
+if(CCL_BUILD_TOOLS)
+  list(APPEND CPACK_COMPONENTS_ALL tools)
 endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ccl)
@@ -39,6 +43,8 @@ foreach(name PLATFORM FIO)
   set(CPACK_DEBIAN_${name}_DEBUGINFO_PACKAGE ON)
   set(CPACK_DEBIAN_${name}_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 endforeach()
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
 # The libraries find each other here before they are installed anywhere.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/ccl)
 
@@ -64,6 +70,12 @@ ${about}
 This package holds the reference of the headers as web pages.")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION
+    "command on the file layer of an electronic design automation suite
+${about}
+This package holds ccl-fio, which finds names over search paths, says what
+files are, takes paths apart, and copies and cleans trees.")
+set(CPACK_COMPONENT_TOOLS_DEPENDS fio platform)
 
 # What each package says of itself in /usr/share/doc.
 if(CCL_DEBIAN_FILES)

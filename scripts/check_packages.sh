@@ -62,6 +62,12 @@ prints_what_the_readme_says() {
   [ "$(cat "$scratch/printed")" = "lib/alu.v: Verilog HDL File" ]
 }
 
+finds_the_sources() {
+  in_root sh -c 'cd /tmp/design && ccl-fio find -s "rtl;lib" -0 top.v alu.v' | tr '\0' ' ' >"$scratch/printed"
+  cat "$scratch/printed"
+  [ "$(cat "$scratch/printed")" = "rtl/top.v lib/alu.v " ]
+}
+
 nothing_is_left() {
   list_root >"$scratch/after"
   diff "$scratch/before" "$scratch/after"
@@ -101,6 +107,9 @@ check "the program is built with pkg-config, and runs" prints_what_the_readme_sa
   'g++ -std=c++17 /tmp/tool/tool.cpp $(pkg-config --cflags --libs ccl) -o /tmp/configured && /tmp/configured'
 check "the program is built with the compiler alone, and runs" prints_what_the_readme_says \
   'g++ -std=c++17 /tmp/tool/tool.cpp -lccl_fio -o /tmp/bare && /tmp/bare'
+check "the command finds the sources of a design" finds_the_sources
+check "the command has its manual page and its completion" test -s "$root/usr/share/man/man1/ccl-fio.1.gz" \
+  -a -s "$root/usr/share/bash-completion/completions/ccl-fio"
 check "the debug symbols are those of the library" in_root sh -c \
   "id=\$(readelf -n $libraries/libccl_fio.so.0.1 | sed -n 's/.*Build ID: \\(..\\)/\\1\\//p') && readelf -SW /usr/lib/debug/.build-id/\$id.debug | grep -q debug_info"
 check "the pages of reference are there" test -f "$root/usr/share/doc/libccl-fio-doc/html/index.html"

@@ -1,11 +1,11 @@
 #!/bin/sh
-# Builds the Debian packages into build/packages: the two libraries, the debug symbols of each, the headers, and the
-# documentation. The same sources give the same bytes; SOURCE_DATE_EPOCH, or else the last commit, is the time of all
-# that is in them. Installs what is missing, on Debian, as root or through sudo.
+# Builds the Debian packages into build/packages: the two libraries, the debug symbols of each, the headers, the
+# command, and the documentation. The same sources give the same bytes; SOURCE_DATE_EPOCH, or else the last commit, is
+# the time of all that is in them. Installs what is missing, on Debian, as root or through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 
-need_packages g++ cmake ninja-build libboost-dev libboost-filesystem-dev doxygen dpkg-dev file
+need_packages $packages_to_build doxygen dpkg-dev file
 
 : "${SOURCE_DATE_EPOCH:=$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}"
 export SOURCE_DATE_EPOCH
