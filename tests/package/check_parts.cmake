@@ -11,20 +11,17 @@ endforeach()
 
 run(${configure})
 string(REGEX MATCHALL "Left out: [^\n]*" left_out "${output}")
-set(examples_need "CLI11 (Debian: libcli11-dev), nlohmann_json (Debian: nlohmann-json3-dev)")
+set(tools_need "CLI11 (Debian: libcli11-dev), nlohmann_json (Debian: nlohmann-json3-dev), fmt (Debian: libfmt-dev)")
 set(expected "Left out: the tests, which need GTest (Debian: libgtest-dev)"
-             "Left out: the examples, which need ${examples_need}"
-             "Left out: the tools, which need ${examples_need}, fmt (Debian: libfmt-dev)")
+             "Left out: the tools, which need ${tools_need}")
 if(NOT left_out STREQUAL expected)
   message(FATAL_ERROR "left out, but not what was expected: ${left_out}")
 endif()
 
 run_and_fail("CCL_BUILD_TESTS is ON, and the tests need GTest \\(Debian: libgtest-dev\\)" ${configure}
              -DCCL_BUILD_TESTS=ON)
-run_and_fail("CCL_BUILD_EXAMPLES is ON, and the examples need CLI11 \\(Debian: libcli11-dev\\), nlohmann_json"
-             ${configure} -DCCL_BUILD_TESTS=OFF -DCCL_BUILD_EXAMPLES=ON)
 run_and_fail("CCL_BUILD_TOOLS is ON, and the tools need CLI11 \\(Debian: libcli11-dev\\), nlohmann_json" ${configure}
-             -DCCL_BUILD_EXAMPLES=OFF -DCCL_BUILD_TOOLS=ON)
+             -DCCL_BUILD_TESTS=OFF -DCCL_BUILD_TOOLS=ON)
 run_and_fail("CCL_BUILD_BENCHMARKS is ON, and the benchmarks need benchmark \\(Debian: libbenchmark-dev\\)"
              ${configure} -DCCL_BUILD_TOOLS=OFF -DCCL_BUILD_BENCHMARKS=ON)
 run_and_fail("needs Boost 1.74 or later \\(Debian: libboost-dev, libboost-filesystem-dev\\)" ${configure}
