@@ -63,7 +63,7 @@ public:
     }
   }
 
-  exit_status finish() const { return m_report.write(); }
+  exit_status finish() { return m_report.write(); }
 
 private:
   /// Whether anything stays in it.

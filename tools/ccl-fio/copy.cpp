@@ -65,7 +65,7 @@ public:
     }
   }
 
-  exit_status finish() const { return m_report.write(); }
+  exit_status finish() { return m_report.write(); }
 
 private:
   /// Whether there is a directory, made now or not.

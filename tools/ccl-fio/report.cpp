@@ -15,11 +15,7 @@ report::report(std::string action, bool dry_run, format_options const& format)
     : m_action(std::move(action)), m_dry_run(dry_run), m_format(format), m_on_terminal(::isatty(STDERR_FILENO) == 1),
       m_next(std::chrono::steady_clock::now() + std::chrono::seconds(1)) {}
 
-report::~report() {
-  if (m_shown) {
-    std::fputs("\r\033[K", stderr);
-  }
-}
+report::~report() { clear_progress(); }
 
 void report::add(outcome what, std::string path, std::string reason) {
   m_steps.push_back({what, std::move(path), std::move(reason)});
@@ -36,6 +32,13 @@ void report::show_progress() {
   m_next = now + std::chrono::milliseconds(100);
   m_shown = true;
   std::fputs(fmt::format("\r\033[K{} {}", count(outcome::changed), word_of(outcome::changed)).c_str(), stderr);
+}
+
+void report::clear_progress() {
+  if (m_shown) {
+    std::fputs("\r\033[K", stderr);
+    m_shown = false;
+  }
 }
 
 std::string report::word_of(outcome what) const {
@@ -75,7 +78,8 @@ void report::write_for_people() const {
   tool::write(summary + '\n');
 }
 
-exit_status report::write() const {
+exit_status report::write() {
+  clear_progress();
   if (m_format.json) {
     json list = json::array();
     for (step const& one : m_steps) {

@@ -39,7 +39,7 @@ public:
   /// Writes what was done: for people only what is worth knowing and a summary, unless they want all.
   ///
   /// @return `not_all` if anything was left out or failed
-  exit_status write() const;
+  exit_status write();
 
 private:
   struct step {
@@ -51,6 +51,7 @@ private:
   std::string word_of(outcome what) const;
   std::size_t count(outcome what) const;
   void show_progress();
+  void clear_progress();
   void write_for_people() const;
 
   std::string m_action;
