@@ -35,7 +35,7 @@ build_fuzzers() {
   mkdir -p "$build"
   if ! { cmake -S . -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
     -DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link -DCMAKE_CXX_FLAGS_DEBUG=-O1 -DCCL_SANITIZE=address,undefined \
-    -DCCL_BUILD_FUZZERS=ON -DCCL_BUILD_EXAMPLES=OFF &&
+    -DCCL_BUILD_FUZZERS=ON -DCCL_BUILD_EXAMPLES=OFF -DCCL_BUILD_TOOLS=OFF &&
     cmake --build "$build" --target fuzzers; } >"$build.log" 2>&1; then
     tail -n 60 "$build.log" >&2
     say "The build failed; all of it is in $build.log"

@@ -100,6 +100,10 @@ private:
   }
 
   void copy_contents(tree_entry const& directory, std::string const& target) {
+    if (directory.is_link && lies_in(directory.path, m_given.target)) {
+      m_report.add(outcome::left, directory.path, "a link to a directory that the target is in");
+      return;
+    }
     if (!m_open.enter(directory)) {
       m_report.add(outcome::left, directory.path, "a link to a directory that it is in");
       return;
@@ -126,11 +130,12 @@ private:
     } else if (!entry.is_file()) {
       m_report.add(outcome::left, entry.path, "neither a file nor a directory");
     } else {
-      copy_file(entry.path, target);
+      copy_file(entry, target);
     }
   }
 
-  void copy_file(std::string const& source, std::string const& target) {
+  void copy_file(tree_entry const& file, std::string const& target) {
+    std::string const& source = file.path;
     // The library takes a name with one of these for a pattern.
     if (target.find_first_of("*?") != std::string::npos) {
       m_report.add(outcome::left, source, "a name with a wildcard");
@@ -140,6 +145,11 @@ private:
     if (there.error != ENOENT && (there.is_directory() || !m_given.overwrite)) {
       m_report.add(there.is_directory() ? outcome::failed : outcome::kept, target,
                    there.is_directory() ? std::strerror(EISDIR) : "exists already");
+      return;
+    }
+    // The target would be removed first.
+    if (there.error == 0 && there.is_same_as(file)) {
+      m_report.add(outcome::failed, source, "the source and the target are the same file");
       return;
     }
     errno = 0;

@@ -39,9 +39,8 @@ std::vector<tree_entry> entries_of(std::string const& directory, bool follow, in
 }
 
 bool open_directories::enter(tree_entry const& directory) {
-  bool const is_open = std::any_of(m_open.begin(), m_open.end(), [&directory](tree_entry const& open) {
-    return open.status.st_dev == directory.status.st_dev && open.status.st_ino == directory.status.st_ino;
-  });
+  bool const is_open = std::any_of(m_open.begin(), m_open.end(),
+                                   [&directory](tree_entry const& open) { return open.is_same_as(directory); });
   if (!is_open) {
     m_open.push_back(directory);
   }

@@ -21,6 +21,9 @@ struct tree_entry {
 
   bool is_directory() const { return error == 0 && S_ISDIR(status.st_mode); }
   bool is_file() const { return error == 0 && S_ISREG(status.st_mode); }
+  bool is_same_as(tree_entry const& other) const {
+    return status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino;
+  }
 };
 
 /// What stands at `path`. A link is itself unless `follow`.
