@@ -66,7 +66,7 @@ std::vector<std::string> expand_names(std::vector<std::string> const& names, boo
     }
     char* line = nullptr;
     std::size_t room = 0;
-    int const end = zero ? '\0' : '\n';
+    char const end = zero ? '\0' : '\n';
     ssize_t length = 0;
     while ((length = ::getdelim(&line, &room, end, stdin)) > 0) {
       length -= line[length - 1] == end ? 1 : 0;

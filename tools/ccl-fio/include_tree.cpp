@@ -201,9 +201,8 @@ exit_status write_include_trees(FIO_FIND const& find, std::vector<std::string> c
                                 format_options const& format) {
   tree_maker maker(find, beside);
   std::vector<node> trees;
-  for (std::string const& source : sources) {
-    trees.push_back(maker.make(source));
-  }
+  std::transform(sources.begin(), sources.end(), std::back_inserter(trees),
+                 [&maker](std::string const& source) { return maker.make(source); });
   if (format.json) {
     json list = json::array();
     std::transform(trees.begin(), trees.end(), std::back_inserter(list), to_json);

@@ -34,8 +34,15 @@ int columns_of(character const& first) {
   return ::wcwidth(static_cast<wchar_t>(first.code));
 }
 
-/// Whether a byte is a character of one column.
-bool is_plain(char byte) { return byte >= 0x20 && byte < 0x7F; }
+/// Whether each byte of a text is a character of one column.
+bool is_plain(std::string_view text) {
+  for (char const byte : text) {
+    if (byte < 0x20 || byte == 0x7F) {
+      return false;
+    }
+  }
+  return true;
+}
 
 std::string escape(character const& first) {
   switch (first.code) {
@@ -251,7 +258,7 @@ void complain(std::string_view kind, std::string_view message) {
 }
 
 std::string escaped(std::string_view text) {
-  if (std::all_of(text.begin(), text.end(), is_plain)) {
+  if (is_plain(text)) {
     return std::string(text);
   }
   std::string result;
@@ -264,7 +271,7 @@ std::string escaped(std::string_view text) {
 }
 
 std::size_t width_of(std::string_view text) {
-  if (std::all_of(text.begin(), text.end(), is_plain)) {
+  if (is_plain(text)) {
     return text.size();
   }
   std::size_t width = 0;
