@@ -114,7 +114,7 @@ check "the debug symbols are those of the library" in_root sh -c \
   "id=\$(readelf -n $libraries/libccl_fio.so.0.1 | sed -n 's/.*Build ID: \\(..\\)/\\1\\//p') && readelf -SW /usr/lib/debug/.build-id/\$id.debug | grep -q debug_info"
 check "the pages of reference are there" test -f "$root/usr/share/doc/libccl-fio-doc/html/index.html"
 check "the packages are removed" in_root sh -c \
-  'apt-get purge -y $(for file in /tmp/packages/*.deb; do dpkg-deb -f $file Package; done)'
+  'apt-get purge -y --auto-remove $(for file in /tmp/packages/*.deb; do dpkg-deb -f $file Package; done)'
 check "nothing is left" nothing_is_left
 
 echo "$passed passed, $failed failed"

@@ -49,7 +49,7 @@ private:
   }
 
   std::string make_option_opts(CLI::Option const* option) const override {
-    return option->get_type_size() == 0 || option->nonpositional() == false ? "" : " " + option->get_type_name();
+    return option->get_type_size() == 0 || !option->nonpositional() ? "" : " " + option->get_type_name();
   }
 };
 
