@@ -17,6 +17,7 @@
 #include "tools/ccl-fio/json.h"
 #include "tools/ccl-fio/output.h"
 #include "tools/ccl-fio/type_list.h"
+#include "tools/ccl-fio/type_page.h"
 #include "tools/ccl-fio/vocabulary.h"
 
 namespace tool {
@@ -28,6 +29,7 @@ struct type_options {
   std::vector<std::string> names;
   bool list = false;
   std::string list_format = "text";
+  bool html = false;
   std::optional<std::string> type;
   std::optional<std::string> extension;
   std::optional<std::string> editor;
@@ -205,6 +207,13 @@ exit_status run_names(type_options const& given) {
 }
 
 exit_status run(type_options const& given) {
+  if (given.html) {
+    if (given.list || given.selects() || !given.names.empty() || given.format.json || given.format.zero) {
+      throw usage_error("type: --html writes all types, and takes nothing besides");
+    }
+    write(type_page());
+    return done;
+  }
   if (given.names.empty() == !(given.list || given.selects())) {
     throw usage_error("type: either names, or a selection, --list or both are required");
   }
@@ -236,6 +245,7 @@ void add_type(CLI::App& application, invocation& call) {
       ->needs(list)
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "markdown"}));
+  type.add_flag("--html", given->html, "write all types as a page for a browser, in which one can search");
   add_format_options(type, given->format);
   type.callback([given, &type, &call] {
     given->names = names_of(type, call);
