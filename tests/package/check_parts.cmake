@@ -5,7 +5,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 set(configure ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX})
-foreach(package GTest CLI11 nlohmann_json fmt benchmark Doxygen)
+foreach(package GTest CLI11 nlohmann_json fmt Qt6Widgets benchmark Doxygen)
   list(APPEND configure -DCMAKE_DISABLE_FIND_PACKAGE_${package}=ON)
 endforeach()
 
@@ -13,7 +13,8 @@ run(${configure})
 string(REGEX MATCHALL "Left out: [^\n]*" left_out "${output}")
 set(tools_need "CLI11 (Debian: libcli11-dev), nlohmann_json (Debian: nlohmann-json3-dev), fmt (Debian: libfmt-dev)")
 set(expected "Left out: the tests, which need GTest (Debian: libgtest-dev)"
-             "Left out: the tools, which need ${tools_need}")
+             "Left out: the tools, which need ${tools_need}"
+             "Left out: the examples with a window, which need Qt6Widgets (Debian: qt6-base-dev)")
 if(NOT left_out STREQUAL expected)
   message(FATAL_ERROR "left out, but not what was expected: ${left_out}")
 endif()
