@@ -15,6 +15,7 @@
 
 #include "ccl/fio/fio_errc_codes.h"
 #include "ccl/fio/fio_path.h"
+#include "ccl/fio/internal/current_directory.h"
 #include "ccl/fio/internal/module.h"
 #include "ccl/fio/internal/path_text.h"
 #include "ccl/fio/internal/search.h"
@@ -302,9 +303,7 @@ unsigned long FIO_FILE_SYSTEM::get_current_directory(unsigned long size, char* b
 }
 
 std::string FIO_FILE_SYSTEM::get_current_directory() {
-  // One byte more than the layer below is told of, so that the text is ended whatever that layer writes.
-  char buffer[fio_internal::longest_path + 2] = {};
-  return get_current_directory(buffer, sizeof buffer - 1) == nullptr ? std::string() : std::string(buffer);
+  return std::string(fio_internal::current_directory().text());
 }
 
 // Renaming
