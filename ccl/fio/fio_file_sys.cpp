@@ -302,9 +302,7 @@ unsigned long FIO_FILE_SYSTEM::get_current_directory(unsigned long size, char* b
   return buffer == nullptr ? 0 : std::strlen(buffer);
 }
 
-std::string FIO_FILE_SYSTEM::get_current_directory() {
-  return std::string(fio_internal::current_directory().text());
-}
+std::string FIO_FILE_SYSTEM::get_current_directory() { return std::string(fio_internal::current_directory().text()); }
 
 // Renaming
 
