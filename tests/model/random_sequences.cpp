@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::uint64_t quick_rounds = 15000;
+constexpr std::uint64_t quick_rounds = 5000;
 constexpr std::uint64_t full_rounds = 300000;
 constexpr std::uint64_t most_differences = 5; // each of them is shrunk, which takes its time
 

@@ -15,6 +15,12 @@ libraries=$2
 design=$3
 transcript=$4
 
+# Not every root has the file system of the terminals.
+if grep -q on_terminal "$transcript" && ! script --quiet --command true /dev/null >/dev/null 2>&1; then
+  echo "left out: no terminal can be made here"
+  exit 0
+fi
+
 scratch=$(mktemp -d)
 trap 'chmod -R u+rwx "$scratch" && rm -rf "$scratch"' EXIT
 trap 'exit 1' HUP INT TERM
