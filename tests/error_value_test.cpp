@@ -232,14 +232,14 @@ TEST_F(error_value, texts_are_told_word_for_word) {
 }
 
 TEST_F(error_value, the_errors_of_the_library_have_the_words_that_the_factory_makes) {
-  std::vector<std::string> paths = {""};
-  for (std::size_t i = 0; i != paths.size() && paths[i].size() != 4; ++i) {
+  std::vector<std::string> all_paths = {""};
+  for (std::size_t i = 0; i != all_paths.size() && all_paths[i].size() != 4; ++i) {
     for (char const character : std::string("%s1$ \xff\0", 7)) {
-      paths.push_back(paths[i] + character);
+      all_paths.push_back(all_paths[i] + character);
     }
   }
-  paths.push_back(repeated(3000));
-  for (std::string const& path : paths) {
+  all_paths.push_back(repeated(3000));
+  for (std::string const& path : all_paths) {
     std::unique_ptr<FIO_ERRC> const own = FIO_FILE_SYSTEM::remove_empty_subdirectories(path, true);
     ASSERT_NE(dynamic_cast<FIO::ERRC::NOT_A_DIRECTORY_ERRC*>(own.get()), nullptr) << path;
     std::unique_ptr<FIO_ERRC> const made = make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>(path);

@@ -33,18 +33,12 @@ struct copy_options {
   bool dry_run = false;
 };
 
-/// Whether a path, which need not exist, lies in a directory: one of the directories above it is that directory.
+/// Whether a path, which need not exist, lies in a directory, whatever links lead there.
 bool lies_in(std::string const& directory, std::string const& path) {
-  auto const real_directory = FIO_PATH::canonical(directory);
-  FIO_PATH above(path + '/');
-  above.become_absolute("");
-  for (; above.levels() > 0; above.cd("..")) {
-    auto const real_above = FIO_PATH::canonical(above.fullpath());
-    if (real_directory && real_above == real_directory) {
-      return true;
-    }
-  }
-  return false;
+  std::error_code error;
+  std::filesystem::path const outer = std::filesystem::canonical(directory, error);
+  std::filesystem::path const inner = error ? outer : std::filesystem::weakly_canonical(path, error);
+  return !error && std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first == outer.end();
 }
 
 class copier {
@@ -137,7 +131,7 @@ private:
   void copy_file(tree_entry const& file, std::string const& target) {
     std::string const& source = file.path;
     // The library takes a name with one of these for a pattern.
-    if (target.find_first_of("*?") != std::string::npos) {
+    if ((source + target).find_first_of("*?") != std::string::npos) {
       m_report.add(outcome::left, source, "a name with a wildcard");
       return;
     }
@@ -154,7 +148,12 @@ private:
     }
     errno = 0;
     if (!m_given.dry_run && !FIO_FILE_SYSTEM::copy(source, target, m_given.overwrite, !m_given.no_times)) {
-      m_report.add(outcome::failed, source, errno != 0 ? std::strerror(errno) : "cannot be copied");
+      int const error = errno;
+      // What is left of a file that was not there would be kept by the next copy.
+      if (there.error == ENOENT) {
+        FIO_FILE_SYSTEM::remove(target.c_str());
+      }
+      m_report.add(outcome::failed, source, error != 0 ? std::strerror(error) : "cannot be copied");
       return;
     }
     m_report.add(outcome::changed, target);
@@ -165,9 +164,9 @@ private:
   open_directories m_open;
 };
 
-/// The files that a name stands for: itself, or those that match it.
+/// The files that a name stands for: itself, or those that match it if there is no such file.
 std::vector<std::string> matches_of(std::string const& name) {
-  if (name.find_first_of("*?") == std::string::npos) {
+  if (name.find_first_of("*?") == std::string::npos || entry_at(without_separator(name), false).error == 0) {
     return {name};
   }
   std::vector<std::string> matches;
@@ -190,11 +189,14 @@ std::vector<std::string> matches_of(std::string const& name) {
 }
 
 exit_status run(copy_options const& given) {
-  copier work(given);
+  std::vector<std::string> sources;
   for (std::string const& name : expand_names(given.names, given.format.zero)) {
-    for (std::string const& source : matches_of(name)) {
-      work.copy_source(source);
-    }
+    std::vector<std::string> const matches = matches_of(name);
+    sources.insert(sources.end(), matches.begin(), matches.end());
+  }
+  copier work(given);
+  for (std::string const& source : sources) {
+    work.copy_source(source);
   }
   return work.finish();
 }

@@ -7,10 +7,12 @@
 #include <boost/filesystem/exception.hpp>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <list>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "ccl/fio/fio.h"
@@ -163,12 +165,32 @@ void check_options(find_options const& given, FIO_FIND& find) {
   }
 }
 
-exit_status run(find_options given) try {
+/// Adds all subdirectories. Those that cannot be read are left out with a warning.
+void add_subdirectories(FIO_FIND& find) try {
+  find.m_recursive = true;
+  find.add_subdirs();
+} catch (boost::filesystem::filesystem_error const& failure) {
+  complain("warning", fmt::format("search path: some subdirectories cannot be read: {}", failure.code().message()));
+  namespace fs = std::filesystem;
+  std::list<FIO_PATH> found;
+  for (FIO_PATH const& directory : find.m_search_list) {
+    std::error_code error;
+    fs::recursive_directory_iterator entry(directory.fullpath(), fs::directory_options::skip_permission_denied, error);
+    for (; entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+      std::error_code unknown;
+      if (entry->is_directory(unknown)) {
+        found.emplace_back(entry->path().string() + '/');
+      }
+    }
+  }
+  find.m_search_list.splice(find.m_search_list.end(), found);
+}
+
+exit_status run(find_options given) {
   FIO_FIND find(given.search_path, false);
   check_directories(find, given.search_path);
   if (given.recursive) {
-    find.m_recursive = true;
-    find.add_subdirs();
+    add_subdirectories(find);
   }
   given.names = expand_names(given.names, given.format.zero);
   check_options(given, find);
@@ -189,10 +211,6 @@ exit_status run(find_options given) try {
   }
   bool const all = std::none_of(results.begin(), results.end(), [](result const& one) { return one.path.empty(); });
   return all ? done : not_all;
-} catch (boost::filesystem::filesystem_error const& error) {
-  // Which directory it is, is not always told.
-  std::string const where = error.path1().empty() ? "" : error.path1().string() + ": ";
-  throw std::runtime_error(fmt::format("the search path cannot be read: {}{}", where, error.code().message()));
 }
 
 } // namespace
