@@ -52,12 +52,17 @@ need_packages() {
   rm -f "$log"
 }
 
+# Configures a preset, unless that was done since the presets were changed: the build sees other changes itself.
+configure() {
+  [ "build/$1/build.ninja" -nt CMakePresets.json ] || cmake --preset "$1"
+}
+
 # Configures and builds a preset: all of it, or what further arguments for the build say. Prints only what went wrong.
 build() {
   preset=$1
   shift
   mkdir -p build
-  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
+  if ! { configure "$preset" && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
     tail -n 60 "build/$preset.log" >&2
     say "The build of '$preset' failed; all of it is in build/$preset.log"
     return 1
