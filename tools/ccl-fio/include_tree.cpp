@@ -23,7 +23,10 @@ namespace tool {
 namespace {
 
 /// What became of a file.
-enum class state { read, repeated, loop, missing, macro, unreadable };
+enum class state { read, repeated, loop, missing, macro, unreadable, too_deep };
+
+/// Beyond this depth a tree is not followed: no design has it, and the stack has an end.
+constexpr std::size_t deepest = 1000;
 
 struct node {
   std::string name;
@@ -75,6 +78,10 @@ private:
     if (!content) {
       file.found = state::unreadable;
       file.reason = std::strerror(errno);
+      return;
+    }
+    if (m_above.size() == deepest) {
+      file.found = state::too_deep;
       return;
     }
     m_above.push_back(real);
@@ -132,7 +139,7 @@ bool is_complete(node const& file) {
 }
 
 char const* word_of(state found) {
-  constexpr char const* words[] = {"read", "repeated", "loop", "missing", "macro", "unreadable"};
+  constexpr char const* words[] = {"read", "repeated", "loop", "missing", "macro", "unreadable", "too_deep"};
   return words[static_cast<int>(found)];
 }
 
@@ -150,6 +157,8 @@ std::string remark_on(node const& file) {
     return "a macro tells the name";
   case state::unreadable:
     return "cannot be read: " + file.reason;
+  case state::too_deep:
+    return "too deep to be followed";
   }
   return "";
 }
