@@ -25,8 +25,8 @@ full=
 need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
 
 # What the quick form leaves to the others: the tests that build the library once more or programs that use it, and the
-# one whose program it runs over the sanitized library.
-longer_tests='^(faults\.real_faults|package\.(stands_on_another_platform|starts_.*))$'
+# longest sweep.
+longer_tests='^(sweeps\.system_call_sweep|package\.(stands_on_another_platform|starts_.*))$'
 
 clock=$(mktemp)
 trap 'rm -f "$clock"' EXIT
@@ -146,12 +146,10 @@ campaign_is_clean() {
   with_sanitized_library "$@" >"$log" 2>&1 || { tail -n 60 "$log" >&2 && return 1; }
 }
 
-# All programs but those that count allocations, which do so above one allocator, and the sweep of system calls, which
-# takes longer than all others. The longest runs beside them.
+# All programs but those that count allocations, which do so above one allocator, and the longest: the sweep of system
+# calls and the real faults.
 run_over_sanitized_library() {
   programs=build/release/tests
-  campaign_is_clean "$programs/faults/real_faults" &
-  longest=$!
   count_check finds_sanitized_library
   for program in fio_test platform_test; do
     run_test_program "$repository/build/asan/$program.xml" with_sanitized_library "$programs/$program"
@@ -161,7 +159,6 @@ run_over_sanitized_library() {
     case $replay in *[!a-z_/]*) continue ;; esac
     count_check campaign_is_clean "$replay" "tests/fuzz/corpus/${replay##*/replay_}"
   done
-  count_check wait "$longest"
 }
 
 # Root may do what is refused to everybody else, so its run leaves some behaviour unseen.
