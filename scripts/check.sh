@@ -24,13 +24,17 @@ full=
 
 need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
 
-# What the quick form leaves to the others: the tests that build the library once more or programs that use it, and the
-# longest sweep.
-longer_tests='^(sweeps\.system_call_sweep|package\.(stands_on_another_platform|starts_.*))$'
+# What the quick form leaves to the others: the tests that build the library once more or programs that use it, the
+# page in a browser, and the longest campaigns.
+longer_tests='^(sweeps\.system_call_sweep|faults\.real_faults|package\.(stands_on_another_platform|starts_.*)'
+longer_tests="$longer_tests"'|ccl-fio\.writes_a_page_that_works_in_a_browser)$'
 
-clock=$(mktemp)
-trap 'rm -f "$clock"' EXIT
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
 trap 'exit 1' HUP INT TERM
+clock=$scratch/clock
+counts=$scratch/counts
+: >"$counts"
 
 # The processor time so far of all processes that have ended, in seconds. Not for a subshell, which has none.
 note_processor_time() {
@@ -42,13 +46,20 @@ note_processor_time
 processor_time_before=$processor_time
 started=$(date +%s)
 
-passed=0
-failed=0
-skipped=0
+# Adds to the counts of what passed, failed, and left itself out. They stand in a file, as a part of the checks runs in the
+# background.
+add_counts() {
+  echo "$1 $2 ${3:-0}" >>"$counts"
+}
+
+# The sum of a column of the counts.
+sum_of() {
+  awk -v column="$1" '{ sum += $column } END { print sum + 0 }' "$counts"
+}
 
 # Counts one check that is not a program of tests.
 count_check() {
-  if "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+  if "$@"; then add_counts 1 0; else add_counts 0 1; fi
 }
 
 # A number in a report in the format of JUnit: the first with this name is the sum.
@@ -63,16 +74,16 @@ count_report() {
   tests=$(number_in "$1" tests)
   if [ "$tests" = 0 ]; then
     say "no test in $1"
-    failed=$((failed + 1))
+    not_passed=1
+    add_counts 0 1
     return
   fi
   failures=$(number_in "$1" failures)
   not_run=$(($(number_in "$1" skipped) + $(number_in "$1" disabled)))
   left_out=$(grep -c 'SKIP_REGULAR_EXPRESSION_MATCHED\|SKIP_RETURN_CODE\|result="skipped"' "$1" || true)
   [ "$left_out" -le "$not_run" ] || left_out=$not_run
-  passed=$((passed + tests - failures - not_run))
-  failed=$((failed + failures + not_run - left_out))
-  skipped=$((skipped + left_out))
+  not_passed=$((failures + not_run - left_out))
+  add_counts $((tests - failures - not_run)) "$not_passed" "$left_out"
 }
 
 sources() {
@@ -99,12 +110,11 @@ run_tests() {
   ctest --preset "$preset" -j "$(nproc)" --output-junit "$report" "$@" >"build/$preset.log" 2>&1 || true
   if [ ! -f "$report" ]; then
     tail -n 20 "build/$preset.log" >&2
-    failed=$((failed + 1))
+    add_counts 0 1
     return
   fi
-  before=$failed
   count_report "$report"
-  [ "$failed" != "$before" ] || return 0
+  [ "$not_passed" != 0 ] || return 0
   # The failures are told again at the end of the log; before it stands what the tests themselves said.
   grep -v ' Passed \|^ *Start ' "build/$preset.log" | tail -n 200 >&2
   say "The tests of '$preset' failed; all they said is in build/$preset.log"
@@ -113,7 +123,7 @@ run_tests() {
 # Builds a preset, or those of its targets that are named, and says whether it could be built.
 build_and_count() {
   say "$1: building"
-  build "$@" || { failed=$((failed + 1)) && return 1; }
+  build "$@" || { add_counts 0 1 && return 1; }
 }
 
 # A program of tests in one process. Its report has each test, so that each counts; a program that came to no end has
@@ -126,7 +136,7 @@ run_test_program() {
   if [ -f "$report" ]; then
     count_report "$report"
   else
-    failed=$((failed + 1))
+    add_counts 0 1
   fi
 }
 
@@ -163,9 +173,9 @@ run_over_sanitized_library() {
 
 # Root may do what is refused to everybody else, so its run leaves some behaviour unseen.
 run_tests_as_ordinary_user() {
-  folder=$(mktemp -d)
-  trap 'rm -rf "$folder" "$clock"' EXIT
-  chmod 755 "$folder"
+  folder=$scratch/ordinary_user
+  mkdir "$folder"
+  chmod 755 "$scratch" "$folder"
   cp build/release/tests/fio_test build/release/ccl/*.so.* "$folder"
   mkdir -m 777 "$folder/out"
   run_test_program "$folder/out/report.xml" env LD_LIBRARY_PATH="$folder" TMPDIR="$folder/out" \
@@ -183,41 +193,41 @@ run_script() {
 say "format"
 count_check format_is_right
 
-released=
-if build_and_count release; then
-  released=yes
-  say "release: testing"
-  if [ "$form" = quick ]; then
-    run_tests release -LE '^table$' -E "$longer_tests"
+# The quick form: all is built first, then one core runs each test of the release build as a process, and the other the
+# programs that have many tests in one.
+check_quickly() {
+  if ! build_and_count release; then return; fi
+  asan=
+  tsan=
+  if build_and_count asan --target ccl_fio; then asan=yes; fi
+  if build_and_count tsan --target stress_threads stress_processes; then tsan=yes; fi
+  say "testing"
+  {
     for program in fio_test platform_test; do
       run_test_program "$repository/build/release/$program.xml" "build/release/tests/$program"
     done
-  else
-    run_tests release
-  fi
-  if [ "$(id -u)" = 0 ]; then
-    say "release: testing as an ordinary user"
-    run_tests_as_ordinary_user
-  fi
-fi
+    [ "$(id -u)" != 0 ] || run_tests_as_ordinary_user
+    [ -z "$asan" ] || run_over_sanitized_library
+  } &
+  run_tests release -LE '^table$' -E "$longer_tests"
+  [ -z "$tsan" ] || run_tests tsan -R '^stress\.'
+  wait
+}
 
-if [ "$form" = quick ]; then
-  if build_and_count asan --target ccl_fio && [ -n "$released" ]; then
-    say "asan: testing"
-    run_over_sanitized_library
-  fi
-  if build_and_count tsan --target stress_threads stress_processes; then
-    say "tsan: testing"
-    run_tests tsan -R '^stress\.'
-  fi
-else
-  for preset in asan tsan ${full:+clang}; do
-    if build_and_count "$preset"; then
-      say "$preset: testing"
-      run_tests "$preset"
+# Every test of each build as a process.
+check_all_tests() {
+  for preset in release asan tsan ${full:+clang}; do
+    build_and_count "$preset" || continue
+    say "$preset: testing"
+    run_tests "$preset"
+    if [ "$preset,$(id -u)" = release,0 ]; then
+      say "$preset: testing as an ordinary user"
+      run_tests_as_ordinary_user
     fi
   done
-fi
+}
+
+if [ "$form" = quick ]; then check_quickly; else check_all_tests; fi
 
 if [ -n "$full" ]; then
   say "clang-tidy"
@@ -229,8 +239,10 @@ if [ -n "$full" ]; then
   count_check scripts/campaigns.sh >&2
 fi
 
+skipped=$(sum_of 3)
+failed=$(sum_of 2)
 [ "$skipped" = 0 ] || say "$skipped tests left themselves out"
 note_processor_time
 echo "$(($(date +%s) - started)) s, $((processor_time - processor_time_before)) s of processor time"
-echo "$passed passed, $failed failed"
+echo "$(sum_of 1) passed, $failed failed"
 [ "$failed" = 0 ]
