@@ -9,7 +9,6 @@
 #include <optional>
 #include <utility>
 
-#include "ccl/fio/fio_file_sys.h"
 #include "ccl/fio/internal/current_directory.h"
 #include "ccl/fio/internal/extension_part.h"
 #include "ccl/fio/internal/module.h"
