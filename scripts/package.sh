@@ -5,7 +5,7 @@
 
 . "$(dirname -- "$0")/common.sh"
 
-need_packages $packages_to_build doxygen dpkg-dev file
+need_packages $packages_to_build doxygen doxygen-awesome-css dpkg-dev file
 
 : "${SOURCE_DATE_EPOCH:=$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}"
 export SOURCE_DATE_EPOCH

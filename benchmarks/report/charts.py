@@ -23,7 +23,8 @@ COLOURS = {
 }
 MARKERS = dict(zip(COLOURS, "os^Dvp*X"))
 # A viewer with a dark ground finds lighter colours for text and grid by the ones that stand in the file.
-DARK = f"""<style>@media (prefers-color-scheme: dark) {{
+DARK = f"""<style>:root {{ color-scheme: light dark }}
+@media (prefers-color-scheme: dark) {{
 [style*="fill: {INK}"] {{ fill: #c9d1d9 !important }}
 [style*="stroke: {INK}"] {{ stroke: #c9d1d9 !important }}
 [style*="stroke: {GRID}"] {{ stroke: #30363d !important }}

@@ -15,6 +15,7 @@ import sys
 HERE = os.path.dirname(os.path.abspath(__file__))
 FLOORS = os.path.join(os.path.dirname(HERE), "floors.txt")
 STYLE = """<style>
+:root { color-scheme: light dark }
 text { font: 14px sans-serif; fill: #1f2328 }
 .code { font-family: monospace; white-space: pre }
 .note { font-size: 12px; fill: #59636e }

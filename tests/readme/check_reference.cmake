@@ -1,5 +1,5 @@
-# Makes the reference by DOXYGEN from what a fresh clone of SOURCE holds, in the folder WORK, and looks at what a reader
-# sees of it.
+# Makes the pages by DOXYGEN from what a fresh clone of SOURCE holds, in the folder WORK, and looks at what a reader sees
+# of them. PYTHON follows the links.
 
 function(expect text pattern)
   if(NOT "${text}" MATCHES "${pattern}")
@@ -14,16 +14,11 @@ endforeach()
 execute_process(COMMAND ${DOXYGEN} docs/Doxyfile WORKING_DIRECTORY ${WORK} COMMAND_ERROR_IS_FATAL ANY)
 set(pages ${WORK}/build/docs)
 
-# Links of the main page lead to pages.
+# Links lead to pages, anchors and pictures that exist.
+if(PYTHON)
+  execute_process(COMMAND ${PYTHON} -B ${CMAKE_CURRENT_LIST_DIR}/check_links.py ${pages} COMMAND_ERROR_IS_FATAL ANY)
+endif()
 file(READ ${pages}/index.html main_page)
-string(REGEX MATCHALL "href=\"[^\"]*\"" links "${main_page}")
-list(FILTER links EXCLUDE REGEX "\"(https?:|#)")
-foreach(link IN LISTS links)
-  string(REGEX REPLACE "href=\"([^#\"]*).*" "\\1" target "${link}")
-  if(NOT EXISTS ${pages}/${target})
-    message(SEND_ERROR "dead on the main page: ${link}")
-  endif()
-endforeach()
 expect("${main_page}" "href=\"fio__path_8h\\.html\"")
 
 # A header is included by its path from the root.
