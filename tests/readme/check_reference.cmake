@@ -1,5 +1,6 @@
 # Makes the pages by DOXYGEN from what a fresh clone of SOURCE holds, in the folder WORK, and looks at what a reader sees
-# of them. PYTHON follows the links.
+# of them. PYTHON follows the links and
+# writes the manual pages, at which MANDOC looks.
 
 function(expect text pattern)
   if(NOT "${text}" MATCHES "${pattern}")
@@ -17,6 +18,17 @@ set(pages ${WORK}/build/docs)
 # Links lead to pages, anchors and pictures that exist.
 if(PYTHON)
   execute_process(COMMAND ${PYTHON} -B ${CMAKE_CURRENT_LIST_DIR}/check_links.py ${pages} COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND ${PYTHON} -B ${SOURCE}/man/reference.py ${WORK}/build/xml ${WORK}/man3 0 COMMAND_ERROR_IS_FATAL
+                  ANY)
+  file(GLOB man_pages ${WORK}/man3/*.3 ${SOURCE}/man/*.7)
+  list(LENGTH man_pages count)
+  if(count LESS 9)
+    message(SEND_ERROR "only ${count} manual pages")
+  endif()
+  if(MANDOC)
+    # The description of an operation may be wider than a line of the source.
+    execute_process(COMMAND ${MANDOC} -Tlint -Wwarning ${man_pages} COMMAND_ERROR_IS_FATAL ANY)
+  endif()
 endif()
 file(READ ${pages}/index.html main_page)
 expect("${main_page}" "href=\"fio__path_8h\\.html\"")
