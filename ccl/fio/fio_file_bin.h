@@ -1,8 +1,8 @@
 /// @file
-/// `FIO_BIN_IFILE` and `FIO_BIN_OFILE`: integers on a binary stream, in one byte order on every host.
+/// Declares `FIO_BIN_IFILE` and `FIO_BIN_OFILE`: integers on a binary stream, in one byte order on every host.
 ///
-/// A value is its bytes, the least significant one first, signed values in two's complement. Nothing else is on the
-/// stream: no header, no length, no alignment.
+/// A value is stored as its bytes, the least significant one first, signed values in two's complement. Nothing else is
+/// stored: no header, no length, no alignment.
 ///
 ///     char                    1 byte
 ///     short, unsigned short   2 bytes
@@ -13,20 +13,20 @@
 ///     FIO_BIN_OFILE out(file);
 ///     out << 0x12345678 << static_cast<short>(-2);   => 78 56 34 12 fe ff
 ///
-/// The signed and the unsigned type of one width have the same bytes. The other types of the language are not on this
-/// stream; some of them convert to one that is, so write what is meant by its own type. (``out << 'a'`` is one byte,
-/// `out << true` is the four of an `int`.)
+/// The signed and the unsigned type of one width have the same bytes. There are no operators for other types; some of
+/// them convert to one of these, so convert a value to the type that is meant. (``out << 'a'`` writes one byte, `out <<
+/// true` the four of an `int`.)
 ///
 /// @par Failure
-/// The operators test nothing. Whether a value was read or written is told by the state of the stream, after one value
-/// or after many. Each byte of a value is attempted, with one `read` or `write` of the stream, whatever became of the
-/// ones before. Exceptions that the caller has enabled on the stream pass through, and nothing else is thrown.
+/// The operators test nothing. The state of the stream shows whether a value was read or written, after one value or
+/// after many. Each byte of a value is attempted, by one `read` or `write` of the stream, even after earlier ones
+/// failed. Exceptions that the caller has enabled on the stream are passed on, and no others are thrown.
 ///
 /// @par Thread safety
-/// An object and its stream serve one thread at a time.
+/// An object and its stream may be used by one thread at a time.
 ///
 /// @par Complexity
-/// One call of the stream a byte; the buffer is the stream's. Nothing is allocated.
+/// One call of the stream for each byte; the buffer is the stream's. Nothing is allocated.
 
 #ifndef CCL_FIO_FIO_FILE_BIN_H
 #define CCL_FIO_FIO_FILE_BIN_H
@@ -37,13 +37,13 @@
 
 /// Reads integers from a binary stream.
 ///
-/// After a read that failed the target has no useful value, but that of a `char`, which is as it was: it has what could
-/// be read in its low bytes, and anything in the others.
+/// After a failed read a `char` is unchanged, and any other target has an unspecified value: its low bytes are those
+/// that could be read.
 ///
 /// @copydetails fio_file_bin.h
 class FIO_BIN_IFILE {
 public:
-  /// Reads from `input`, which must outlive this object and is not touched yet.
+  /// Reads from `input`, which must outlive this object. Nothing is read yet.
   explicit FIO_BIN_IFILE(std::istream& input) : stream(input) {}
 
   FIO_EXPORT FIO_BIN_IFILE& operator>>(char& value);           ///< Reads 1 byte.
@@ -63,7 +63,7 @@ private:
 /// @copydetails fio_file_bin.h
 class FIO_BIN_OFILE {
 public:
-  /// Writes to `output`, which must outlive this object and is not touched yet.
+  /// Writes to `output`, which must outlive this object. Nothing is written yet.
   explicit FIO_BIN_OFILE(std::ostream& output) : stream(output) {}
 
   FIO_EXPORT FIO_BIN_OFILE& operator<<(char value);           ///< Writes 1 byte.
