@@ -1,5 +1,5 @@
 /// @file
-/// Class identifiers: 16 bytes that name a document class of the suite, and their two text forms.
+/// Declares class identifiers, 16 bytes that identify a document class of the suite, and their two text forms.
 ///
 ///     fio_clsid_to_str(VFC_CLSID_TED_DEFAULT_DOC, FIO_CLSID_FORMAT_TEXT)
 ///         => "{0b720e69-67da-11d0-bf4f-0000c08cb0c0}"
@@ -9,7 +9,7 @@
 /// Identifiers are in host byte order and are compared as 16 bytes of memory. Nothing here touches the disk.
 ///
 /// @par Thread safety
-/// The constants are read-only and need no start-up code, so they may be used from any thread and from static
+/// The constants are read-only and need no dynamic initialisation, so they may be used from any thread and from static
 /// constructors. The two conversions keep no state.
 
 #ifndef CCL_FIO_FIO_CLSID_H
@@ -20,7 +20,7 @@
 
 #include "ccl/fio/fio_export.h"
 
-/// A class identifier.
+/// Represents a class identifier.
 struct _GUID {           // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
   std::uint32_t Data1;   ///< the first field of the text form
   std::uint16_t Data2;   ///< the second field
@@ -30,39 +30,39 @@ struct _GUID {           // NOLINT(bugprone-reserved-identifier): the name is sh
 
 static_assert(sizeof(_GUID) == 16, "an identifier is compared and stored as 16 bytes");
 
-/// The text forms of an identifier.
+/// Selects a text form of an identifier.
 enum FIO_CLSID_FORMAT : int {
   FIO_CLSID_FORMAT_TEXT = 0,        ///< `{0b720e69-67da-11d0-bf4f-0000c08cb0c0}`, which can be read back
   FIO_CLSID_FORMAT_INITIALIZER = 1, ///< `{0x0b720e69, 0x67da, 0x11d0, {0xbf, 0x4f, ...}}`, for source code
 };
 
-/// Reads the text form of an identifier.
+/// Parses the text form of an identifier.
 ///
-/// The text has exactly 38 characters, with the braces and dashes of `FIO_CLSID_FORMAT_TEXT` in their places. Digits of
-/// either case are taken. The first three fields are read as `sscanf` reads `%x`, and the others as it reads pairs of
-/// `%2x`, tolerances included:
+/// The string has exactly 38 characters, with the braces and dashes of `FIO_CLSID_FORMAT_TEXT` in their places. Digits
+/// of either case are accepted. The first three fields are read as `sscanf` reads `%x`, and the others as it reads
+/// pairs of `%2x`, tolerances included:
 ///
 ///     "{12zz5678-0000-0000-0000-000000000000}"   => Data1 is 0x12: the first three fields stop at a character that is
 ///                                                   no digit
 ///     "{00000000-0000-0000-0000-g00000000000}"   => all zero: each pair behind the third dash needs a digit
 ///     ""                                         => all zero
 ///
-/// @return the identifier, or `FIO_CLSID_NULL` for a text that is not one; the text of `FIO_CLSID_NULL` itself gives
-///         the same answer. Nothing is reported.
+/// @return the identifier, or `FIO_CLSID_NULL` for a string that is not one; the string of `FIO_CLSID_NULL` itself
+///         gives the same result. Nothing is reported.
 [[nodiscard]] FIO_EXPORT _GUID fio_str_to_clsid(std::string const& text);
 
-/// Writes an identifier in one of its two text forms, with lower-case digits and every field in its full width.
+/// Formats an identifier in one of its two text forms, with lower-case digits and every field in its full width.
 ///
 /// @param clsid  the identifier
-/// @param format one of the two enumerators; any other value is a mistake with undefined behaviour
-/// @throws std::bad_alloc when the text cannot be stored
+/// @param format one of the two enumerators; any other value is undefined behaviour
+/// @throws std::bad_alloc if the string cannot be stored
 [[nodiscard]] FIO_EXPORT std::string fio_clsid_to_str(_GUID const& clsid, FIO_CLSID_FORMAT format);
 
-/// The identifier of no class: 16 zero bytes.
+/// Identifies no class: 16 zero bytes.
 extern FIO_EXPORT _GUID const FIO_CLSID_NULL;
 
 /// @name The document classes
-/// One constant for each class that a tool of the suite knows. All values are distinct and fixed for good.
+/// One constant for each class that a tool of the suite uses. All values are distinct and never change.
 /// @{
 extern FIO_EXPORT _GUID const VFC_CLSID_PTCNG_DEFAULT_DOC;
 extern FIO_EXPORT _GUID const VFC_CLSID_DEEQ_DEFAULT_DOC;

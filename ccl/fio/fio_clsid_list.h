@@ -1,18 +1,18 @@
 /// @file
-/// The document classes as a list, for programs that know them by name. The library itself knows them by value only.
+/// Lists the document classes, for programs that refer to them by name. The library itself uses them by value only.
 ///
 ///     #define NAMED_CLASS(name, ...) {"VFC_CLSID_" #name, &VFC_CLSID_##name},
 ///     std::pair<char const*, _GUID const*> const classes[] = {FIO_CLSID_LIST(NAMED_CLASS)};
 ///
-/// The values are opaque and fixed for good, since they cross the boundary between libraries. A new class gets a random
+/// The values are opaque and never change, since they cross the boundary between libraries. A new class gets a random
 /// value of its own.
 
 #ifndef CCL_FIO_FIO_CLSID_LIST_H
 #define CCL_FIO_FIO_CLSID_LIST_H
 
 // clang-format off: one identifier a line
-/// Expands to one call of the macro `CLSID` for each document class, with its name without `VFC_CLSID_` and the eleven
-/// numbers of its value.
+/// Expands to one invocation of the macro `CLSID` for each document class, with its name without `VFC_CLSID_` and the
+/// eleven numbers of its value.
 #define FIO_CLSID_LIST(CLSID)                                                                                          \
   CLSID(PTCNG_DEFAULT_DOC, 0xa1357891, 0x7ae8, 0x49e4, 0x9f, 0xe1, 0x94, 0xbb, 0x50, 0x40, 0x91, 0x05)                 \
   CLSID(DEEQ_DEFAULT_DOC, 0xcb44660c, 0x9e7b, 0x49c8, 0xbe, 0xf2, 0xbe, 0x17, 0x54, 0xf7, 0xf0, 0xa3)                  \

@@ -1,19 +1,19 @@
 /// @file
-/// The vocabulary of files: every file type, extension type, editor and trait of the suite by name.
+/// Defines the vocabulary of files: the file types, extension types, editors and traits of the suite.
 ///
-/// The values are fixed for good, gaps included. They cross the boundary between libraries, so a new name goes to the
-/// end of its list and no value is ever used again. Value -1 of the two type enumerations is the wildcard of the list
-/// queries. The enumerations have a fixed underlying type, so any value of that type may be asked for; the queries of
-/// `fio_file_ext_type_info.h` have an answer for unknown ones too.
+/// The values never change, gaps included. They cross the boundary between libraries, so a new enumerator is added at
+/// the end of its list and no value is ever used again. Value -1 of the two type enumerations is the wildcard of the
+/// list queries. The enumerations have a fixed underlying type, so any value of that type may be passed to the queries
+/// of `fio_file_ext_type_info.h`, which have a result for unknown ones too.
 ///
 /// Nothing here touches the disk. Enumerators are constants and may be used from any thread.
 
 #ifndef CCL_FIO_FIO_TYPES_H
 #define CCL_FIO_FIO_TYPES_H
 
-/// What a file is. A value is the row of the type in the table of file types.
+/// Identifies the type of a file. A value is the index of the type in the table of file types.
 ///
-/// Most names are the type's description; where two types share one, the extension tells them apart.
+/// Most enumerators have the type's description as their name; where two types share one, the extension is added.
 enum FIO_FILE_TYPE : short {
   FIO_FILE_TYPE_ANY = -1, ///< wildcard: any file type
   FIO_FILE_TYPE_INVALID = 0,
@@ -264,9 +264,9 @@ enum FIO_FILE_TYPE : short {
   FIO_FILE_TYPE_POWER_AND_THERMAL_CALCULATOR_NG_FILE = 245,
 };
 
-/// An extension in one of its meanings. A value names a text, and four texts have two values each.
+/// Identifies an extension in one of its meanings. A value has one string, and four strings have two values each.
 ///
-/// `FIO_EXTENSION_TYPE_ANY` doubles as "no extension" in the setters of `FIO_PATH`.
+/// `FIO_EXTENSION_TYPE_ANY` also means "no extension" in the setters of `FIO_PATH`.
 enum FIO_EXTENSION_TYPE : short {
   FIO_EXTENSION_TYPE_ANY = -1, ///< wildcard: any extension
   FIO_EXTENSION_TYPE_INVALID = 0,
@@ -554,8 +554,8 @@ enum FIO_EXTENSION_TYPE : short {
   FIO_EXTENSION_TYPE_PTCNG_PTC = 282, ///< `.ptc` of "Power and Thermal Calculator (NG) File"
 };
 
-/// The editor that opens a file: one bit, or none, or all of them as the wildcard of the list queries. Two editors have
-/// the same text.
+/// Identifies the editor that opens a file: one bit, or none, or all of them as the wildcard of the list queries. Two
+/// editors have the same name.
 enum FIO_EDITOR_TYPE : unsigned int {
   FIO_EDITOR_TYPE_NONE = 0,
   FIO_EDITOR_TYPE_WAVEFORM_VECTOR_FILES = 2,
@@ -582,8 +582,8 @@ enum FIO_EDITOR_TYPE : unsigned int {
   FIO_EDITOR_TYPE_ALL_FILES = 0xFFFFFFFF,
 };
 
-/// The traits of a file type: bits that combine. Three texts stand for two bits each; the names of the second ones end
-/// in `_GROUP`.
+/// Identifies the traits of a file type, as bits that can be combined. Three names are those of two bits each; the
+/// enumerators of the second ones end in `_GROUP`.
 enum FIO_FILE_TYPE_FLAG : int {
   FIO_FILE_TYPE_FLAG_SOURCE_FILES = 2,
   FIO_FILE_TYPE_FLAG_DESIGN_FILES = 4,
@@ -611,7 +611,7 @@ enum FIO_FILE_TYPE_FLAG : int {
   FIO_FILE_TYPE_FLAG_ALL_FILES = -1,
 };
 
-/// The traits of an extension row: bits that combine.
+/// Identifies the traits of an extension row, as bits that can be combined.
 enum FIO_EXTENSION_TYPE_FLAG : int {
   FIO_EXTENSION_TYPE_FLAG_DEFAULT_EXTENSION = 2,
   FIO_EXTENSION_TYPE_FLAG_ARCHIVED_EXTENSION = 4,
