@@ -1,5 +1,5 @@
 /// @file
-/// The error layer: the report of a broken internal assumption.
+/// Declares the error layer: the report of a failed internal check.
 ///
 /// @par Thread safety
 /// May be called from any thread. The report is written by one call.
@@ -13,9 +13,9 @@
 ///
 ///     internal error: 0 != dir.size() (module FIO, ccl/fio/fio_find.cpp:97)
 ///
-/// A suite's own error layer may do something else, but it never returns to the caller.
+/// The error layer of a suite may do something else, but it never returns to the caller.
 ///
-/// @param condition the text of the condition that did not hold
+/// @param condition the condition that did not hold, as it is in the source
 /// @param module    the name of the module that made the check
 /// @param file      the source file of the check
 /// @param line      the line of the check

@@ -1,16 +1,17 @@
 /// @file
-/// The errors of this library that carry words, and their making: `FIO_ERRC`, its codes and the factory. Who only
-/// receives errors needs no more than `fio_errc_codes.h`, which every operation that returns one includes.
+/// Declares the errors of this library that carry a message, and their factory: `FIO_ERRC`, its codes and how to make
+/// them. Code that only receives errors needs no more than `fio_errc_codes.h`, which every operation that returns one
+/// includes.
 ///
-/// Most of the library tells a failure by a result. An operation that needs words answers an owning pointer to a
-/// `FIO_ERRC`, and null for success; nothing here is ever thrown.
+/// Most of the library reports a failure by a result. An operation that needs a message returns an owning pointer to a
+/// `FIO_ERRC`, which is null on success; nothing here is ever thrown.
 ///
 ///     std::unique_ptr<FIO_ERRC> error = make_korvane_error<FIO::ERRC::NOT_A_DIRECTORY_ERRC>(path);
 ///     error->message().m_lines[0].m_text   => The given path "/tmp/x" is not a valid directory.
 ///
 /// @par Thread safety
-/// An error belongs to whoever holds its pointer and does not change once made. Any thread may make one. A thread
-/// checker may complain of two that make their first at once: the C++ library fills a cache of characters there
+/// An error belongs to the owner of its pointer and does not change once made. Any thread may make one. A thread
+/// checker may report two threads that make their first at once: the C++ library fills a cache of characters there
 /// without a lock, each time with the same values.
 
 #ifndef CCL_FIO_FIO_ERRC_H

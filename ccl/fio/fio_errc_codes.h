@@ -1,11 +1,11 @@
 /// @file
-/// The errors of this library as results: `FIO_ERRC` and its codes, for those who receive and read them. Those who make
-/// errors include `fio_errc.h`, which brings the format library with it.
+/// Declares the errors of this library as results: `FIO_ERRC` and its codes, for code that receives and reads them.
+/// Code that makes errors includes `fio_errc.h`, which includes the format library.
 ///
-/// A pointer that is set is a failure, so `if (error)` has the opposite sense of a `bool` result of the file operations.
-/// `message()` returns a copy: give it a name before taking a pointer into it.
+/// A pointer that is not null is a failure, so `if (error)` has the opposite meaning of a `bool` result of the file
+/// operations. `message()` returns a copy: give it a name before taking a pointer into it.
 ///
-/// One text of all lines has a line feed and as many tabs as the depth before each line whose depth is not 0:
+/// To join the lines, put a line feed and as many tabs as the depth before each line whose depth is not 0:
 ///
 ///     KORVANE_ERROR_MESSAGE const message = error->message();
 ///     std::string text;
@@ -14,7 +14,7 @@
 ///     }
 ///
 /// @par Thread safety
-/// An error belongs to whoever holds its pointer and does not change once made.
+/// An error belongs to the owner of its pointer and does not change once made.
 
 #ifndef CCL_FIO_FIO_ERRC_CODES_H
 #define CCL_FIO_FIO_ERRC_CODES_H
@@ -43,18 +43,18 @@ class basic_format;
 
 namespace fio_internal {
 
-/// For the library alone: an error of this code about a path.
+/// Makes an error of this code about a path, for the library alone.
 template <typename T>
 std::unique_ptr<T> make_path_error(std::string const& path);
 
 } // namespace fio_internal
 
-/// The base of this library's errors: it holds the message, which has one line when made.
+/// Holds the message of an error, which has one line when made. This is the base of the library's errors.
 ///
 /// @copydetails fio_errc_codes.h
 class FIO_EXPORT FIO_ERRC : public KORVANE_ERRC {
 public:
-  /// Takes the finished text of a format object for the one line of the message.
+  /// Stores the finished string of a format object as the one line of the message.
   ///
   /// @throws boost::io::format_error if the object was fed too few arguments
   template <typename Character, typename Traits, typename Allocator>
@@ -66,11 +66,11 @@ public:
   ~FIO_ERRC() override;
   FIO_ERRC& operator=(FIO_ERRC const&) = delete;
 
-  /// A copy of the message, for the caller to keep or change.
+  /// Returns a copy of the message, for the caller to keep or change.
   KORVANE_ERROR_MESSAGE message() const override;
 
 protected:
-  /// A copy of the message. For `clone`.
+  /// Copies the message. For `clone`.
   FIO_ERRC(FIO_ERRC const&) = default;
 
 private:
@@ -91,30 +91,30 @@ private:
 
 namespace FIO::ERRC {
 
-/// A path that should name a directory does not.
+/// Reports that a path is not a directory.
 class FIO_EXPORT NOT_A_DIRECTORY_ERRC final : public FIO_ERRC {
 public:
-  /// The format, with the path as its argument.
+  /// Returns the format, with the path as its argument.
   static constexpr char const* format_text() { return "The given path \"%s\" is not a valid directory."; }
   using FIO_ERRC::FIO_ERRC;
 
   std::unique_ptr<KORVANE_ERRC> clone() const override;
 };
 
-/// A directory cannot be listed.
+/// Reports that a directory cannot be listed.
 class FIO_EXPORT FAILED_TO_OPEN_DIRECTORY_ERRC final : public FIO_ERRC {
 public:
-  /// The format, with the path as its argument.
+  /// Returns the format, with the path as its argument.
   static constexpr char const* format_text() { return "Failed to open \"%s\" as a directory."; }
   using FIO_ERRC::FIO_ERRC;
 
   std::unique_ptr<KORVANE_ERRC> clone() const override;
 };
 
-/// A directory cannot be removed.
+/// Reports that a directory cannot be removed.
 class FIO_EXPORT FAILED_TO_REMOVE_DIRECTORY_ERRC final : public FIO_ERRC {
 public:
-  /// The format, with the path as its argument.
+  /// Returns the format, with the path as its argument.
   static constexpr char const* format_text() { return "Failed to remove directory \"%s\"."; }
   using FIO_ERRC::FIO_ERRC;
 
