@@ -1,5 +1,5 @@
 /// @file
-/// All that the library offers, but for the making of errors: that is in `fio_errc.h`, which brings the format library.
+/// Includes the whole library but for the making of errors: that is in `fio_errc.h`, which includes the format library.
 
 #ifndef CCL_FIO_FIO_H
 #define CCL_FIO_FIO_H

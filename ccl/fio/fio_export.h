@@ -1,10 +1,11 @@
 /// @file
-/// The mark of what the library offers to others.
+/// Defines the macro that marks exported declarations.
 
 #ifndef CCL_FIO_FIO_EXPORT_H
 #define CCL_FIO_FIO_EXPORT_H
 
-/// Visible outside the shared library. Everything without this mark is hidden, whatever header it stands in.
+/// Makes a declaration visible outside the shared library. Everything without this mark is hidden, whatever header
+/// declares it.
 #define FIO_EXPORT __attribute__((visibility("default")))
 
 #endif

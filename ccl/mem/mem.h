@@ -1,7 +1,7 @@
 /// @file
-/// The memory layer: module registration, debug messages and formatted text.
+/// Declares the memory layer: module registration, debug messages and formatted strings.
 ///
-/// This is the open stand-in for the suite's own memory layer. A suite replaces the whole platform library by its own
+/// This is an open replacement for the suite's own memory layer. A suite replaces the whole platform library by its own
 /// (see `CCL_PLATFORM_TARGET`), so everything here is a plain function or class with nothing inline.
 ///
 /// @par Thread safety
@@ -17,24 +17,24 @@
 
 #include "ccl/platform/export.h"
 
-/// Registers a module for as long as the object lives.
+/// Registers a module for the lifetime of the object.
 ///
-/// Each source unit of a library holds one static object of this class. Several objects may carry the same name, and
-/// each counts. Construction and destruction allocate nothing and work before and after `main`.
+/// Each source file of a library has one static object of this class. Several objects may have the same name, and each
+/// counts. Construction and destruction allocate nothing and work before and after `main`.
 class CCL_PLATFORM_EXPORT MEM_INITIALIZER {
 public:
-  /// Registers `module`, a text that must outlive the object (a literal serves).
+  /// Registers `module`, a string that must outlive the object (as a literal does).
   explicit MEM_INITIALIZER(char const* module);
 
-  /// Undoes the registration.
+  /// Cancels the registration.
   ~MEM_INITIALIZER();
 
   MEM_INITIALIZER(MEM_INITIALIZER const&) = delete;
   MEM_INITIALIZER& operator=(MEM_INITIALIZER const&) = delete;
 
-  /// The names of all registrations in force, oldest first, one entry for each object.
+  /// Returns the names of all registrations in force, oldest first, one element for each object.
   ///
-  /// @throws std::bad_alloc when the list cannot be stored.
+  /// @throws std::bad_alloc if the list cannot be stored
   static std::vector<std::string> registered_modules();
 
 private:
@@ -43,14 +43,13 @@ private:
   MEM_INITIALIZER* m_next;
 };
 
-/// Writes one formatted debug message of `module`, if debug messages are asked for.
+/// Writes one formatted debug message of `module`, if debug messages are enabled.
 ///
-/// They are asked for by the environment variable `CCL_DEBUG_MESSAGES`: unset, empty or `0` means silence, anything
-/// else means that each message goes to standard error as `MODULE: TEXT` with a line feed behind it. The variable is
-/// read at each message. A silent message is not even formatted. A message that cannot be formatted or written is
-/// lost. `errno` is left as it was found.
+/// The environment variable `CCL_DEBUG_MESSAGES` enables them: if it is unset, empty or `0`, nothing is formatted or
+/// written; with any other value each message is written to standard error as `MODULE: TEXT`, followed by a line feed.
+/// The variable is read at each message. A message that cannot be formatted or written is lost. `errno` is preserved.
 ///
-/// @param module    the name of the module that speaks
+/// @param module    the name of the module that writes the message
 /// @param format    a `printf` format
 /// @param arguments the arguments of the format
 CCL_PLATFORM_EXPORT void mem_msg_local_vdebug(char const* module, char const* format, va_list arguments)
@@ -58,13 +57,13 @@ CCL_PLATFORM_EXPORT void mem_msg_local_vdebug(char const* module, char const* fo
 
 namespace MEM_DETAIL {
 
-/// Replaces the content of `*out` by the text of a `printf` format, whatever its length.
+/// Replaces the content of `*out` with the result of a `printf` format, whatever its length.
 ///
 ///     stl_raw_sprintf(&text, "%04x", 255u)   => text is "00ff"
 ///
 /// If the format cannot be processed, `*out` is empty afterwards.
 ///
-/// @throws std::bad_alloc when the text cannot be stored.
+/// @throws std::bad_alloc if the string cannot be stored
 CCL_PLATFORM_EXPORT void stl_raw_sprintf(std::string* out, char const* format, ...)
     __attribute__((format(printf, 2, 3)));
 
