@@ -1,5 +1,5 @@
 /// @file
-/// Declares class identifiers, 16 bytes that identify a document class of the suite, and their two text forms.
+/// Declares class identifiers, 16 bytes that identify a document class of the suite, and their two string forms.
 ///
 ///     fio_clsid_to_str(VFC_CLSID_TED_DEFAULT_DOC, FIO_CLSID_FORMAT_TEXT)
 ///         => "{0b720e69-67da-11d0-bf4f-0000c08cb0c0}"
@@ -22,7 +22,7 @@
 
 /// Represents a class identifier.
 struct _GUID {           // NOLINT(bugprone-reserved-identifier): the name is shared with other platforms
-  std::uint32_t Data1;   ///< the first field of the text form
+  std::uint32_t Data1;   ///< the first field of the string form
   std::uint16_t Data2;   ///< the second field
   std::uint16_t Data3;   ///< the third field
   std::uint8_t Data4[8]; ///< the last two fields, byte by byte
@@ -30,13 +30,13 @@ struct _GUID {           // NOLINT(bugprone-reserved-identifier): the name is sh
 
 static_assert(sizeof(_GUID) == 16, "an identifier is compared and stored as 16 bytes");
 
-/// Selects a text form of an identifier.
+/// Selects a string form of an identifier.
 enum FIO_CLSID_FORMAT : int {
   FIO_CLSID_FORMAT_TEXT = 0,        ///< `{0b720e69-67da-11d0-bf4f-0000c08cb0c0}`, which can be read back
   FIO_CLSID_FORMAT_INITIALIZER = 1, ///< `{0x0b720e69, 0x67da, 0x11d0, {0xbf, 0x4f, ...}}`, for source code
 };
 
-/// Parses the text form of an identifier.
+/// Parses the string form of an identifier.
 ///
 /// The string has exactly 38 characters, with the braces and dashes of `FIO_CLSID_FORMAT_TEXT` in their places. Digits
 /// of either case are accepted. The first three fields are read as `sscanf` reads `%x`, and the others as it reads
@@ -51,7 +51,7 @@ enum FIO_CLSID_FORMAT : int {
 ///         gives the same result. Nothing is reported.
 [[nodiscard]] FIO_EXPORT _GUID fio_str_to_clsid(std::string const& text);
 
-/// Formats an identifier in one of its two text forms, with lower-case digits and every field in its full width.
+/// Formats an identifier in one of its two string forms, with lower-case digits and every field in its full width.
 ///
 /// @param clsid  the identifier
 /// @param format one of the two enumerators; any other value is undefined behaviour

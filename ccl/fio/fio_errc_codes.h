@@ -35,7 +35,7 @@
 
 namespace boost {
 
-// The format library's own header of forward declarations brings in the locales.
+// The format library's own header of forward declarations includes the locales.
 template <typename Character, typename Traits, typename Allocator>
 class basic_format;
 
