@@ -1,0 +1,21 @@
+# Looks in the comments of the public headers of SOURCE, outside code, quotations and the lines of examples, for the words
+# of words.txt, each with what to write in its place.
+
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/words.txt words)
+file(GLOB headers ${SOURCE}/ccl/*/*.h)
+if(NOT headers OR NOT words)
+  message(FATAL_ERROR "nothing to compare")
+endif()
+foreach(header IN LISTS headers)
+  file(READ ${header} content)
+  string(REGEX REPLACE "\n *///(\n *///     [^\n]*)+" "" content "${content}")
+  string(REGEX REPLACE "`[^`\n]*`|\"[^\"\n]*\"" "" content "${content}")
+  string(REGEX MATCHALL "//[^\n]*" comments "${content}")
+  string(TOLOWER "${comments}" comments)
+  foreach(word IN LISTS words)
+    string(REGEX REPLACE ": .*" "" pattern "${word}")
+    if(comments MATCHES "[^;]*[^a-z_;](${pattern})($|[^a-z_][^;]*)")
+      message(SEND_ERROR "${header}: the field has another word\n${word}\n${CMAKE_MATCH_0}")
+    endif()
+  endforeach()
+endforeach()
