@@ -205,7 +205,7 @@ public:
   /// that is read.
   /// @{
 
-  /// Writes the string that four components form, terminated by a NUL. Any of them may be null.
+  /// Writes the string that four components form, terminated by a NUL. Each component may be null.
   ///
   ///     "C", "a", "b", "c"      => "C:a/b.c"
   ///     "", "a\", "b", ".c"     => "a\b.c"
@@ -246,7 +246,7 @@ public:
   ///     }
   ///     FIO_FILE_SYSTEM::findclose(handle);
   ///
-  /// A directory that cannot be read appears to be empty, to `copy_dir` and `is_directory_empty` too, which use find
+  /// A directory that cannot be read appears to be empty, also to `copy_dir` and `is_directory_empty`, which use find
   /// handles. A directory that may be listed and searched has at least the entry ".", so this tests it first, except
   /// for the root:
   ///
@@ -413,7 +413,7 @@ public:
   /// a directory that cannot be opened.
   [[nodiscard]] FIO_EXPORT static bool is_directory_empty(char const* path);
 
-  /// Removes the directories of a tree, and of those that its links lead to, for which `is_directory_empty` returns
+  /// Removes the directories of a tree, and of the trees that its links lead to, for which `is_directory_empty` returns
   /// true.
   ///
   /// The tree is searched from the bottom up, and its root is removed only with `remove_root`. A link to a directory

@@ -13,14 +13,14 @@
 ///     path.filename("fpu.sv").fullpath()    => "rtl/core/fpu.sv"
 ///
 /// A path need not exist. `become_absolute`, `canonical` and the comparisons read the current directory, `canonical`
-/// resolves symbolic links, and every operation that simplifies (`become_absolute`, `cd` and the comparisons included)
-/// reads one environment variable; all other operations work on strings alone.
+/// resolves symbolic links, and every operation that simplifies (`become_absolute`, `cd` and the comparisons included,
+/// `flatten` not) reads one environment variable; all other operations work on strings alone.
 ///
 /// @par Separators
-/// Both `/` and `\` are separators when a string is parsed. The directory is stored with the path's own separator,
-/// which is `/` unless `path_separator(char)` set another, in place of its opposite (`\` for `/`, and `/` for any
-/// other). Runs of the path's own separator are collapsed into one. There are no drives and no network paths on this
-/// platform: "C:/x" is a relative path with the directory "C:/".
+/// Both `/` and `\` are separators when a string is parsed. A directory is normalised when it is stored: the path's own
+/// separator, `/` unless `path_separator(char)` set another, replaces its opposite (`\` for `/`, and `/` for any
+/// other), and runs of it are collapsed into one. There are no drives and no network paths on this platform: "C:/x" is
+/// a relative path with the directory "C:/".
 ///
 /// @par Length
 /// A string of more than 1023 characters is rejected: constructing or assigning it leaves an empty path, for which
@@ -152,7 +152,7 @@ public:
   /// @}
 
   /// @name Reading components
-  /// Each returns what is stored. See `fio_path.h` for what it means to check the length.
+  /// Each reads what is stored. See `fio_path.h` for what it means to check the length.
   /// @{
 
   /// Returns the components selected by the bits of `mask`, in the order directory, base, extension. The drive is never
@@ -260,7 +260,8 @@ public:
   ///     "a/b/c.txt", "d.e"   => "a/b/d.e.txt", base "d.e"
   FIO_EXPORT FIO_PATH& base(std::string const& text);
 
-  /// Replaces the name and the extension with those of a string, and appends its directory to the present one.
+  /// Replaces the name and the extension with those of a string, and appends the directory of that string to the
+  /// present one.
   ///
   ///     "a/b/c.txt", "d.h"      => "a/b/d.h"
   ///     "a/b/c.txt", "x/d.h"    => "a/b/x/d.h"
@@ -455,7 +456,7 @@ public:
   /// Returns true if this path is less than the path parsed from `other`.
   [[nodiscard]] FIO_EXPORT bool operator<(std::string const& other) const;
 
-  /// Compares two names as this platform does, by `strcmp`: with regard to case.
+  /// Compares two names as this platform does, by `strcmp`, case-sensitively.
   ///
   /// @return a value below 0, 0 or above 0
   [[nodiscard, gnu::nonnull]] FIO_EXPORT static int os_specific_comparison(char const* left, char const* right);
