@@ -11,8 +11,8 @@
 
 namespace fio_internal {
 
-/// The current directory when this object was made, or an empty text if it cannot be read or has 1024 characters or
-/// more.
+/// The current directory when this object was made, or an empty string if it could not be read or had 1024 characters
+/// or more.
 class current_directory {
 public:
   current_directory() : m_known(osi_getcwd(m_buffer, size) != nullptr) {}
@@ -28,7 +28,7 @@ public:
 private:
   static constexpr std::size_t size = longest_path + 1;
 
-  // All zero, and one byte longer than the layer below is told of, so that the text is ended whatever that layer writes.
+  // All zero, and one byte longer than the size that is passed on, so that the string is terminated in any case.
   char m_buffer[size + 1] = {};
   bool m_known;
 };

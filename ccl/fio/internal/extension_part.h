@@ -1,5 +1,5 @@
 /// @file
-/// The parts that an extension is put together from.
+/// The parts that an extension is composed of.
 
 #ifndef CCL_FIO_INTERNAL_EXTENSION_PART_H
 #define CCL_FIO_INTERNAL_EXTENSION_PART_H
@@ -12,16 +12,16 @@
 
 namespace fio_internal {
 
-/// A part of an extension, given as a type or as a text.
+/// A part of an extension, given as a type or as a string.
 struct extension_part {
   /// No part.
   extension_part() = default;
 
-  /// The text of a type, in constant data. `FIO_EXTENSION_TYPE_ANY` stands for no part.
+  /// The string of a type, in constant data. `FIO_EXTENSION_TYPE_ANY` means no part.
   explicit extension_part(FIO_EXTENSION_TYPE type)
       : is_present(type != FIO_EXTENSION_TYPE_ANY), text(is_present ? fio_get_extension_string(type) : "") {}
 
-  /// A text, which must live as long. An empty one stands for no part.
+  /// A string, which must outlive this object. An empty one means no part.
   explicit extension_part(std::string const& given)
       : is_present(!given.empty()), needs_dot(is_present && given.front() != '.'), text(given) {}
 

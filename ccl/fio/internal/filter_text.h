@@ -1,5 +1,5 @@
 /// @file
-/// The shape of an entry in a file dialog.
+/// The format of an entry in a file dialog.
 
 #ifndef CCL_FIO_INTERNAL_FILTER_TEXT_H
 #define CCL_FIO_INTERNAL_FILTER_TEXT_H
@@ -9,8 +9,8 @@
 
 namespace fio_internal {
 
-/// "Name (patterns)", or "Names (patterns)" for the plural, which is a bare "s" whatever the word. Empty without a name
-/// or without patterns.
+/// Returns "Name (patterns)", or "Names (patterns)" for the plural, which is a bare "s" whatever the word. Empty
+/// without a name or without patterns.
 inline std::string filter_text(std::string_view name, bool plural, std::string_view patterns) {
   if (name.empty() || patterns.empty()) {
     return {};

@@ -1,5 +1,5 @@
 /// @file
-/// What every source unit of the library shares: its name, debug messages, internal checks, those of Boost among them,
+/// What every source file of the library shares: its name, debug messages, internal checks, including those of Boost,
 /// and the start-up of the standard streams.
 
 #ifndef CCL_FIO_INTERNAL_MODULE_H
@@ -10,7 +10,7 @@
 #endif
 
 #include <cstdarg>
-#include <iostream> // sets up the standard streams before the unit registers: a memory layer may write to them
+#include <iostream> // sets up the standard streams before the file registers: a memory layer may write to them
 #include <stdexcept>
 
 #include "ccl/err/err.h"
@@ -21,7 +21,7 @@ namespace fio_internal {
 /// The one name under which the library registers, writes debug messages and reports internal errors.
 inline constexpr char module_name[] = "FIO";
 
-/// Writes a debug message: a note for developers that changes nothing in the work at hand.
+/// Writes a debug message, which changes nothing in the operation that writes it.
 __attribute__((format(printf, 1, 2))) inline void mem_msg_vdebug(char const* format, ...) {
   va_list arguments;
   va_start(arguments, format);
@@ -29,7 +29,7 @@ __attribute__((format(printf, 1, 2))) inline void mem_msg_vdebug(char const* for
   va_end(arguments);
 }
 
-/// Refuses a null C-string with the exception that constructing a string from it raises, whatever the C++ library.
+/// Rejects a null C-string with the exception that constructing a string from it throws, whatever the C++ library.
 inline void require_text(char const* text) {
   if (text == nullptr) {
     throw std::logic_error("basic_string: construction from null is not valid");
@@ -38,15 +38,15 @@ inline void require_text(char const* text) {
 
 } // namespace fio_internal
 
-/// Checks an assumption about the calling program, never about its input or the file system. Reports the condition as
-/// it is written and does not come back when it does not hold.
+/// Checks an assumption about the calling program, never about its input or the file system. If it does not hold,
+/// reports the condition as it is written and does not return.
 #define FIO_CHECK(condition)                                                                                           \
   ((condition) ? static_cast<void>(0)                                                                                  \
                : err_report_internal_error(#condition, fio_internal::module_name, __FILE__, __LINE__))
 
 namespace boost {
 
-// The assertions of the Boost headers come here: the library is built with BOOST_ENABLE_ASSERT_HANDLER, and every unit
+// Boost calls these for failed assertions: the library is built with BOOST_ENABLE_ASSERT_HANDLER, and every source file
 // includes this header, so the definitions can be inline.
 
 inline void assertion_failed(char const* condition, char const* /*function*/, char const* file, long line) {

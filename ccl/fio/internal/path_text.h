@@ -1,6 +1,6 @@
 /// @file
-/// The text rules of paths, on views: how a text divides into components, how components make a text, what the levels
-/// of a directory are, when its separators are in normal form, and how it is simplified. Nothing here allocates or
+/// The rules of path strings, on views: how a string is parsed into components, how components form a string, what the
+/// levels of a directory are, when its separators are normalised, and how it is simplified. Nothing here allocates or
 /// touches the disk.
 
 #ifndef CCL_FIO_INTERNAL_PATH_TEXT_H
@@ -15,68 +15,68 @@
 
 namespace fio_internal {
 
-/// The longest path text: together with its NUL it fills the buffer of 1024 bytes that the system's calls work with.
+/// The longest path string: with its NUL it fills the buffer of 1024 bytes that the system's calls work with.
 inline constexpr std::size_t longest_path = 1023;
 
-/// Whether a path text may have this many characters: the one test of it.
+/// Returns true if a path string may have this many characters. This is the one test of it.
 constexpr bool is_legal_length(std::size_t length) { return length <= longest_path; }
 
-/// A C-string, looked at no further than it takes to see whether its length is legal.
+/// Returns a view of a C-string, read no further than is needed to see whether its length is legal.
 inline std::string_view bounded_text(char const* text) { return {text, ::strnlen(text, longest_path + 1)}; }
 
-/// The longest extension that a text is divided into, dot included.
+/// The longest extension that is parsed, dot included.
 inline constexpr std::size_t longest_extension = 256;
 
-/// Both kinds of separator end a directory in a text, whatever separator a path prefers.
+/// Returns true for both kinds of separator: either ends a directory in a string, whatever separator a path has.
 constexpr bool is_separator(char character) { return character == '/' || character == '\\'; }
 
-/// The separator that gives way to `separator` in a path that prefers that one.
+/// Returns the separator that `separator` replaces in a path that has that one.
 constexpr char opposite_separator(char separator) { return separator == '/' ? '\\' : '/'; }
 
-/// A string as the C interfaces see it: an embedded NUL ends it.
+/// Returns a string as the C interfaces read it: up to its first NUL.
 inline std::string_view c_text(std::string const& text) { return text.c_str(); }
 
-/// Whether a name is one of the two that every directory has.
+/// Returns true if a name is one of the two that every directory has.
 inline bool is_dot_name(std::string_view name) { return name == "." || name == ".."; }
 
-/// The components of a path text, as views into it that lie side by side.
+/// The components of a path string, as adjacent views into it.
 struct divided_path {
-  bool legal = false;         ///< false for a text that is null, empty or too long: all views are empty then
+  bool legal = false;         ///< false for a string that is null, empty or too long: all views are empty then
   std::string_view directory; ///< with its trailing separator
   std::string_view base;
   std::string_view extension; ///< with its dot
 
-  /// Base and extension.
+  /// Returns base and extension.
   std::string_view name() const { return {base.data(), base.size() + extension.size()}; }
 
-  /// The text, without what was cut from its extension.
+  /// Returns the string, without what was truncated from its extension.
   std::string_view text() const { return {directory.data(), directory.size() + name().size()}; }
 };
 
-/// The number of characters up to the last one of a kind, that one included: 0 if there is none.
+/// Returns the number of characters up to and including the last one of a kind: 0 if there is none.
 inline std::size_t end_of_last(std::string_view text, char character) {
   void const* const last = ::memrchr(text.data(), character, text.size());
   return last != nullptr ? static_cast<std::size_t>(static_cast<char const*>(last) - text.data()) + 1 : 0;
 }
 
-/// The number of characters up to the last separator of either kind, that one included.
+/// Returns the number of characters up to and including the last separator of either kind.
 inline std::size_t directory_size(std::string_view text) {
   std::size_t const size = end_of_last(text, '/');
   return size + end_of_last(text.substr(size), '\\');
 }
 
-/// The number of characters of a file name up to its last dot, that one excluded.
+/// Returns the number of characters of a file name before its last dot.
 inline std::size_t base_size(std::string_view name) {
   std::size_t const end = end_of_last(name, '.');
   return end != 0 ? end - 1 : name.size();
 }
 
-/// A file name as it is divided: its extension may be cut.
+/// Returns a file name as it is parsed: with its extension truncated.
 inline std::string_view cut_name(std::string_view name) {
   return name.size() <= longest_extension ? name : name.substr(0, base_size(name) + longest_extension);
 }
 
-/// Divides a text of legal length.
+/// Parses a string of legal length.
 inline divided_path divide_text(std::string_view text) {
   std::string_view const name = text.substr(directory_size(text));
   divided_path parts;
@@ -95,7 +95,7 @@ inline divided_path divide_path(char const* path) {
   return is_legal_length(text.size()) ? divide_text(text) : divided_path();
 }
 
-/// Hands the pieces of the text that the components make to `append`, one behind the other.
+/// Passes the pieces of the string that the components form to `append`, in order.
 template <typename Append>
 void compose_path(std::string_view drive, std::string_view directory, std::string_view base, std::string_view extension,
                   Append append) {
@@ -115,8 +115,8 @@ void compose_path(std::string_view drive, std::string_view directory, std::strin
   append(extension);
 }
 
-/// Whether `test` holds for any two neighbours in a text. It is called with two characters or with two vectors of them,
-/// so it may combine results with `&` and `|` only.
+/// Returns true if `test` holds for any two adjacent characters of a string. It is called with two characters or with
+/// two vectors of them, so it may combine results with `&` and `|` only.
 template <typename Test>
 bool any_neighbours(std::string_view text, Test test) {
   using block = char __attribute__((vector_size(16)));
@@ -145,7 +145,7 @@ bool any_neighbours(std::string_view text, Test test) {
   return (found[0] | found[1]) != 0;
 }
 
-/// Whether a text holds neither the opposite of `separator` nor two of `separator` side by side.
+/// Returns true if a string contains neither the opposite of `separator` nor two adjacent `separator`s.
 inline bool is_normal(std::string_view text, char separator) {
   char const opposite = opposite_separator(separator);
   return text.empty() ||
@@ -154,7 +154,7 @@ inline bool is_normal(std::string_view text, char separator) {
           }));
 }
 
-/// Puts `separator` in the place of its opposite, and leaves no two of them side by side. Returns the new size.
+/// Replaces the opposite of `separator` by it, and collapses runs of it into one. Returns the new size.
 inline std::size_t normalise(char* text, std::size_t size, char separator) {
   char const opposite = opposite_separator(separator);
   std::size_t end = 0;
@@ -167,7 +167,7 @@ inline std::size_t normalise(char* text, std::size_t size, char separator) {
   return end;
 }
 
-/// The number of characters up to the first in which two texts differ.
+/// Returns the number of characters before the first in which two strings differ.
 inline std::size_t common_size(std::string_view left, std::string_view right) {
   std::size_t const size = std::min(left.size(), right.size());
   std::size_t common = 0;
@@ -184,17 +184,17 @@ inline std::size_t common_size(std::string_view left, std::string_view right) {
   return common;
 }
 
-/// Walks the levels of a text: its maximal runs of characters that are not separators.
+/// Iterates over the levels of a string: its maximal runs of characters that are not separators.
 class level_walk {
 public:
-  /// Walks `text`, in which `separator` and `alternative` both separate.
+  /// Iterates over `text`, in which both `separator` and `alternative` are separators.
   level_walk(std::string_view text, char separator, char alternative)
       : m_text(text), m_separator(separator), m_alternative(alternative) {}
 
-  /// Walks `text`, in which only `separator` separates.
+  /// Iterates over `text`, in which only `separator` is one.
   level_walk(std::string_view text, char separator) : level_walk(text, separator, separator) {}
 
-  /// Moves to the next level. False, with the level unchanged, when there is none.
+  /// Moves to the next level. Returns false, with the level unchanged, if there is none.
   bool next() {
     std::size_t start = m_end;
     while (start != m_text.size() && separates(m_text[start])) {
@@ -211,8 +211,8 @@ public:
     return true;
   }
 
-  /// Moves on to the level with this index, counted from 0 and from where the walk stands. Its text, or an empty one
-  /// when there is none.
+  /// Moves to the level with this index, counted from 0 and from the present position. Returns its string, or an empty
+  /// one if there is none.
   std::string_view skip_to(int index) {
     for (; index >= 0 && next(); --index) {
       if (index == 0) {
@@ -222,10 +222,10 @@ public:
     return {};
   }
 
-  /// The level that the walk has reached.
+  /// Returns the current level.
   std::string_view level() const { return m_level; }
 
-  /// Whether a separator stands behind the level.
+  /// Returns true if a separator follows the level.
   bool is_closed() const { return m_end != m_text.size(); }
 
 private:
@@ -238,7 +238,7 @@ private:
   char m_alternative;
 };
 
-/// Whether a directory is in normal form under the separator `/`, and none of its levels begins with a dot: such a
+/// Returns true if a directory is normalised with the separator `/`, and none of its levels begins with a dot: such a
 /// directory is simple.
 inline bool is_simple(std::string_view directory) {
   return directory.empty() ||
@@ -247,7 +247,7 @@ inline bool is_simple(std::string_view directory) {
           }));
 }
 
-/// The size of what stands before the first level of a normal directory that begins with a dot.
+/// Returns the size of what precedes the first level of a normalised directory that begins with a dot.
 inline std::size_t size_without_dot_levels(std::string_view directory) {
   std::size_t start = directory.find('.');
   while (start != std::string_view::npos && start != 0 && directory[start - 1] != '/') {
@@ -257,7 +257,7 @@ inline std::size_t size_without_dot_levels(std::string_view directory) {
 }
 
 /// A directory that is simplified while its levels are appended, in memory that its maker provides: room for the root,
-/// and for each level and a separator. A level may lie in that memory, not before the place where it goes.
+/// and for each level and a separator. A level may be in that memory, not before the place where it is copied to.
 class simplified_directory {
 public:
   /// Starts from the first `size` characters of `text`, which are simple and have no separator at the end, unless they
@@ -284,8 +284,8 @@ public:
   }
 
 private:
-  // Takes the last level away, with the separator before it. Leading ".." pile up, which this does not do; the root
-  // stays.
+  // Removes the last level, with the separator before it. Returns false, and removes nothing, for leading ".." and an
+  // empty directory; the root remains.
   bool climb() {
     using namespace std::string_view_literals;
     std::size_t start = m_size;

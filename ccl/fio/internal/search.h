@@ -1,5 +1,5 @@
 /// @file
-/// A walk of `FIO_FILE_SYSTEM` over the entries that match a wildcard, as an object.
+/// An iteration of `FIO_FILE_SYSTEM` over the entries that match a wildcard, as an object.
 
 #ifndef CCL_FIO_INTERNAL_SEARCH_H
 #define CCL_FIO_INTERNAL_SEARCH_H
@@ -18,7 +18,7 @@ inline constexpr long nothing_found = -1;
 /// The attribute of a directory.
 inline constexpr std::uint32_t attribute_directory = 0x10;
 
-/// A search that is closed on every way out.
+/// A search that is closed by its destructor.
 class search {
 public:
   explicit search(char const* filespec) : m_handle(FIO_FILE_SYSTEM::findfirst(filespec, &entry)) {}

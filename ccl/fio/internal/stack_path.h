@@ -1,5 +1,5 @@
 /// @file
-/// A path on the stack, for operations that end in another path or in none at all.
+/// A path on the stack, for operations whose result is another path or none at all.
 
 #ifndef CCL_FIO_INTERNAL_STACK_PATH_H
 #define CCL_FIO_INTERNAL_STACK_PATH_H
@@ -12,19 +12,19 @@
 
 namespace fio_internal {
 
-/// What a `FIO_PATH` with the separator `/` holds after a text was divided into it: one text, and the sizes of its
-/// components. The text is the given one, which must live as long, until it is changed. Not copied: it has room for the
-/// longest path.
+/// What a `FIO_PATH` with the separator `/` contains after a string was parsed into it: one string, and the sizes of
+/// its components. The string is the given one, which must outlive this object, until it is changed. Not copyable: it
+/// has room for the longest path.
 class stack_path {
 public:
-  /// The path of a text without NULs: an empty path if it is too long.
+  /// Constructs the path of a string without NULs: an empty path if it is too long.
   explicit stack_path(std::string_view text) : m_text(text.data()) {
     if (fits(text.size())) {
       divide(text.size());
     }
   }
 
-  /// The path of two texts without NULs and a `/` between them.
+  /// Constructs the path of two strings without NULs and a `/` between them.
   stack_path(std::string_view directory, std::string_view text) { join(directory, text); }
 
   stack_path(stack_path const&) = delete;
@@ -38,22 +38,23 @@ public:
 
   bool is_absolute() const { return m_directory != 0 && m_text[0] == '/'; }
 
-  /// False if the text was too long; the path is empty then.
+  /// Returns false if the string was too long; the path is empty then.
   bool is_legal_length() const { return m_legal; }
 
-  /// Whether the name begins or ends with a dot: only such a name can have a base or an extension that is a lone dot.
+  /// Returns true if the name begins or ends with a dot: only such a name can have a base or an extension that is a
+  /// lone dot.
   bool has_outer_dot() const {
     return m_size != m_directory && (m_text[m_directory] == '.' || m_text[m_size - 1] == '.');
   }
 
-  /// Whether this is still the given text, all of it.
+  /// Returns true if this is still the given string, all of it.
   bool is_unchanged(std::string_view given) const { return m_text == given.data() && m_size == given.size(); }
 
-  /// Puts a directory before the path.
+  /// Prepends a directory to the path.
   void anchor(std::string_view directory) { join(directory, text()); }
 
-  /// Simplifies the directory, and erases a base and an extension of a lone dot. A path without a directory stays as it
-  /// is, unless `without_directory` says that its name is to be treated all the same.
+  /// Simplifies the directory, and erases a base and an extension of a lone dot. A path without a directory is left
+  /// unchanged, unless `without_directory` requests that its name is simplified all the same.
   void simplify(bool without_directory) {
     if ((m_directory == 0 && !without_directory) || (m_is_simple && !has_outer_dot())) {
       return;
@@ -71,10 +72,10 @@ private:
   static constexpr std::string_view dot = ".";
   static constexpr std::size_t unknown = std::string_view::npos;
 
-  // Notes whether a text has a legal length.
+  // Stores whether a string has a legal length.
   bool fits(std::size_t size) { return m_legal = fio_internal::is_legal_length(size); }
 
-  // Moves the text into the buffer, where it can be changed.
+  // Copies the string into the buffer, where it can be changed.
   void own_text() {
     if (m_text != m_buffer) {
       std::memcpy(m_buffer, m_text, m_size);
@@ -82,7 +83,7 @@ private:
     }
   }
 
-  // `text` may be this path's own.
+  // `text` may be this path's own string.
   void join(std::string_view directory, std::string_view text) {
     std::size_t const size = directory.size() + 1 + text.size();
     m_text = m_buffer;
@@ -96,7 +97,7 @@ private:
     }
   }
 
-  // Divides the first `size` characters of the text, and brings the directory into normal form.
+  // Parses the first `size` characters of the string, and normalises the directory.
   void divide(std::size_t size) {
     m_base = unknown;
     m_size = size;
@@ -111,10 +112,10 @@ private:
     }
   }
 
-  // Most names are never divided.
+  // Most names are never parsed.
   std::size_t find_base() const { return m_base != unknown ? m_base : base_size(name()); }
 
-  // `piece` lies in the buffer, not before the place where it goes.
+  // `piece` is in the buffer, not before the place where it is copied to.
   void append(std::string_view piece) {
     std::memmove(m_buffer + m_size, piece.data(), piece.size());
     m_size += piece.size();
@@ -126,7 +127,7 @@ private:
     }
   }
 
-  // The number of characters from `start` on that stand before a level of the directory that begins with a dot.
+  // Returns the number of characters from `start` on that precede a level of the directory that begins with a dot.
   std::size_t simple_size(std::size_t start) const { return size_without_dot_levels(directory().substr(start)); }
 
   // Simplifies the directory in its place. Returns its size.
@@ -153,7 +154,7 @@ private:
   char const* m_text;
   std::size_t m_size = 0;
   std::size_t m_directory = 0;
-  std::size_t m_base = unknown; // a simplified name may have another base than its text would give
+  std::size_t m_base = unknown; // a simplified name may have another base than its string when parsed
   bool m_is_simple = true;
   bool m_legal = true;
 };

@@ -1,8 +1,8 @@
 /// @file
-/// The constant tables behind every query on file types and extensions. Included by one source unit only.
+/// The constant tables behind every query on file types and extensions. Included by one source file only.
 ///
-/// Everything is constant-initialised and free of pointers, so that the tables stand in read-only memory that all
-/// processes share: a pointer in a table would be a relocation to apply at each start. Texts are therefore stored in
+/// Everything is constant-initialised and free of pointers, so that the tables are in read-only memory that all
+/// processes share: a pointer in a table would be a relocation to apply at each start. Strings are therefore stored in
 /// the rows, or as offsets, and class identifiers by value.
 
 #ifndef CCL_FIO_INTERNAL_TYPE_TABLES_H
@@ -18,7 +18,7 @@
 
 namespace fio_tables {
 
-/// A value of an enumeration and the text that people see for it.
+/// A value of an enumeration and its name for display.
 struct named_value {
   std::uint32_t value;
   char text[36];
@@ -31,7 +31,7 @@ inline constexpr named_value fio_extension_type_traits_to_string[] = {
     {0xFFFFFFFF, "All Extensions"},
 };
 
-// Some texts stand for two values: a text does not identify a trait or an editor.
+// Some names are those of two values: a name does not identify a trait or an editor.
 inline constexpr named_value fio_file_type_traits_to_string[] = {
     {2, "Source Files"},
     {4, "Design Files"},
@@ -93,7 +93,7 @@ struct extension_row {
   std::int64_t traits; ///< bits of `FIO_EXTENSION_TYPE_FLAG`
 };
 
-/// A file type as it is written down below.
+/// A file type as it is written below.
 struct file_type_source {
   FIO_FILE_TYPE file_type;
   std::string_view description;
@@ -886,7 +886,7 @@ inline constexpr extension_row fio_extension_type_datas[] = {
 
 // clang-format on
 
-/// A file type as it is kept: the description is an offset into the texts behind the rows.
+/// A file type as it is stored: the description is an offset into the strings after the rows.
 struct file_type_row {
   FIO_FILE_TYPE file_type;
   std::uint16_t description;
@@ -898,7 +898,7 @@ struct file_type_row {
 inline constexpr std::size_t file_type_count = std::size(rows::file_types);
 inline constexpr std::size_t extension_row_count = std::size(fio_extension_type_datas);
 
-/// The first characters behind the dot of an extension that is padded as those of the rows are, as one number.
+/// The first characters after the dot of an extension that is padded as those of the rows are, as one number.
 constexpr std::uint32_t extension_key(char const (&extension)[sizeof extension_row::extension]) {
   std::uint32_t key = 0;
   for (std::size_t i = 1; i <= sizeof key; ++i) {
@@ -907,8 +907,8 @@ constexpr std::uint32_t extension_key(char const (&extension)[sizeof extension_r
   return key;
 }
 
-/// The keys of the extension rows, in the order of the rows: a walk over the rows reads them, and no row but those that
-/// share a key. They are read by blocks, of which the last one is filled up.
+/// The keys of the extension rows, in the order of the rows: a scan of the rows reads them, and no row but those that
+/// share a key. They are read by blocks, of which the last one is padded.
 struct extension_key_table {
   static constexpr std::size_t block_size = 16;
   static constexpr std::size_t block_count = (extension_row_count + block_size - 1) / block_size;
@@ -935,7 +935,7 @@ constexpr std::size_t size_of_descriptions() {
 
 struct file_type_table {
   file_type_row rows[file_type_count];
-  char descriptions[size_of_descriptions()]; ///< C-strings, one behind the other
+  char descriptions[size_of_descriptions()]; ///< C-strings, one after the other
 };
 
 constexpr file_type_table pack_file_types() {
