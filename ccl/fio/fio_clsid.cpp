@@ -24,7 +24,7 @@ bool has_text_shape(std::string const& text) {
   return true;
 }
 
-// A stretch of the text as a C-string of its own, so that a scan cannot run past its end.
+// A part of the string as a C-string of its own, so that a scan cannot run past its end.
 struct piece {
   char text[13];
 
@@ -47,7 +47,7 @@ _GUID fio_str_to_clsid(std::string const& text) {
   }
   unsigned fields[3];
   unsigned bytes[8];
-  // An end of the piece before the first conversion is reported as a negative count, which spoils the sum as well.
+  // An end of the piece before the first conversion is reported as a negative count, which changes the sum as well.
   int const conversions = std::sscanf(piece(text, 1, 8).text, "%x", &fields[0]) +
                           std::sscanf(piece(text, 10, 4).text, "%x", &fields[1]) +
                           std::sscanf(piece(text, 15, 4).text, "%x", &fields[2]) +
@@ -72,7 +72,7 @@ std::string fio_clsid_to_str(_GUID const& clsid, FIO_CLSID_FORMAT format) {
   std::string text;
   std::uint8_t const* const bytes = clsid.Data4;
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral" // both formats stand above and take eleven numbers
+#pragma GCC diagnostic ignored "-Wformat-nonliteral" // both formats are above and take eleven numbers
   MEM_DETAIL::stl_raw_sprintf(&text, format_ary[format], clsid.Data1, clsid.Data2, clsid.Data3, bytes[0], bytes[1],
                               bytes[2], bytes[3], bytes[4], bytes[5], bytes[6], bytes[7]);
 #pragma GCC diagnostic pop

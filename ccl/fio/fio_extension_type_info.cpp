@@ -37,7 +37,7 @@ std::string fio_get_extension_type_filter(FIO_EXTENSION_TYPE extension_type, boo
   if (file_type == FIO_FILE_TYPE_INVALID) {
     return {};
   }
-  // An extension of a file type has a text, and the type a name.
+  // An extension of a file type has a string, and the type a name.
   std::string const pattern = std::string("*") + fio_get_extension_string(extension_type);
   return fio_internal::filter_text(fio_get_file_type_name(file_type), plural, pattern);
 }

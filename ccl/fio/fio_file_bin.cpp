@@ -14,12 +14,12 @@ static_assert(sizeof(short) == 2 && sizeof(int) == 4 && sizeof(long) == 8, "the 
 
 constexpr unsigned bits_in_a_byte = 8;
 
-// The value grows byte by byte in the caller's own variable, so that it has what was read if the stream throws.
+// The value is made byte by byte in the caller's own variable, so that it has what was read if the stream throws.
 template <typename Integer>
 void read_integer(std::istream& stream, Integer& value) {
   using bits = std::make_unsigned_t<Integer>;
   value = 0;
-  char byte = 0; // not cleared between bytes: at the end of the stream the last one stands in for the rest
+  char byte = 0; // not cleared between bytes: at the end of the stream the last one is repeated for the rest
   for (unsigned position = 0; position != sizeof(Integer); ++position) {
     stream.read(&byte, 1);
     bits const read = static_cast<bits>(static_cast<unsigned char>(byte));

@@ -24,7 +24,7 @@ using fio_tables::fio_extension_type_datas;
 using fio_tables::fio_file_type_datas;
 using fio_tables::named_value;
 
-// The row of a file type, which is its index; null for an unknown type.
+// Returns the row of a file type, which is its index; null for an unknown type.
 file_type_row const* row_of(FIO_FILE_TYPE file_type) {
   auto const index = static_cast<std::size_t>(file_type);
   return index < fio_tables::file_type_count ? &fio_file_type_datas.rows[index] : nullptr;
@@ -32,8 +32,8 @@ file_type_row const* row_of(FIO_FILE_TYPE file_type) {
 
 extension_row const* end_of_extensions() { return fio_extension_type_datas + extension_row_count; }
 
-// The first row that can hold an extension type or a file type. Every value of either has a row of its own before the
-// next value is used, so none stands in a row before the one with its number.
+// Returns the first row that can have an extension type or a file type. Every value of either has a row of its own
+// before the next value is used, so none is in a row before the one with its number.
 extension_row const* first_row_for(short value) {
   auto const index = static_cast<std::size_t>(value);
   return index < extension_row_count ? fio_extension_type_datas + index : end_of_extensions();
@@ -53,7 +53,7 @@ bool holds_key(std::uint32_t const (&block)[extension_key_table::block_size], st
   return found != 0;
 }
 
-// The first row of an extension, or null.
+// Returns the first row of an extension, or null.
 extension_row const* find_extension(padded_extension const& extension) {
   std::uint32_t const key = fio_tables::extension_key(extension);
   std::size_t start = 0;
@@ -84,7 +84,7 @@ char const* find_text(named_value const (&table)[size], std::uint32_t value) {
   return nullptr;
 }
 
-// What a name is looked up by: its extension, or all of it if it has none, as a bare extension does.
+// Returns what a name is searched by: its extension, or all of it if it has none, as a bare extension does.
 std::string text_to_look_up(std::string const& name) {
   std::string_view const extension = fio_internal::divide_path(name.c_str()).extension;
   if (!extension.empty()) {
@@ -163,13 +163,13 @@ FIO_FILE_TYPE fio_get_file_type(FIO_EXTENSION_TYPE extension_type) {
 
 FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name) {
   std::string text = text_to_look_up(name);
-  // An empty text has no row, and a lone dot has the one of the invalid extension: both have the same answer.
+  // An empty string has no row, and a lone dot has the one of the invalid extension: both have the same result.
   if (text.size() <= 1) {
     return FIO_EXTENSION_TYPE_INVALID;
   }
   stl_tolower(text);
   padded_extension padded = {};
-  // A NUL at the end of the text must not pass for padding; no row has one before that.
+  // A NUL at the end of the string must not be taken for padding; no row has one before that.
   if (text.empty() || text.size() >= sizeof padded || text.back() == '\0') {
     return FIO_EXTENSION_TYPE_INVALID;
   }
@@ -189,7 +189,7 @@ FIO_FILE_TYPE fio_get_file_type(_GUID const& clsid) {
   return FIO_FILE_TYPE_INVALID;
 }
 
-// Texts of editors and traits
+// Names of editors and traits
 
 char const* fio_get_editor_type_string(FIO_EDITOR_TYPE editor_type) {
   return find_text(fio_tables::fio_editor_type_to_string, editor_type);

@@ -44,10 +44,10 @@ bool has_wildcard(std::string_view path) {
   return path.find('*') != std::string_view::npos || path.find('?') != std::string_view::npos;
 }
 
-// Whether one byte of a pattern, which is no `*`, stands for a byte of a name. Nothing stands for the end of the name.
+// Returns true if one byte of a pattern, not `*`, matches a byte of a name. Nothing matches the end of the name.
 bool matches_byte(char name, char pattern) { return pattern == name || (pattern == '?' && name != '\0'); }
 
-// Whether a name begins as a piece of a pattern without `*` does. The name is read no further than its end.
+// Returns true if a piece of a pattern without `*` matches the start of a name, which is read no further than its end.
 bool begins_with(char const* name, std::string_view piece) {
   for (char const byte : piece) {
     if (!matches_byte(*name++, byte)) {
@@ -57,7 +57,7 @@ bool begins_with(char const* name, std::string_view piece) {
   return true;
 }
 
-// The first place in a text where a piece of a pattern without `*` fits, or null.
+// Returns the first place in a string that a piece of a pattern without `*` matches, or null.
 char const* find_piece(std::string_view text, std::string_view piece) {
   if (piece.find('?') == std::string_view::npos) {
     return static_cast<char const*>(::memmem(text.data(), text.size(), piece.data(), piece.size()));
@@ -67,13 +67,13 @@ char const* find_piece(std::string_view text, std::string_view piece) {
   return place != end ? place : nullptr;
 }
 
-// Whether a name fits a pattern that is a `*` and `rest`.
+// Returns true if a name matches a pattern that is a `*` and `rest`.
 bool matches_behind_star(char const* name, char const* rest) {
   if (*rest == '\0') {
     return true;
   }
   char const* const end = name + std::strlen(name);
-  // A piece that ends at another `*` is taken where it first fits, and leaves a byte of the name to that one.
+  // A piece that ends at another `*` is taken where it first matches, and leaves a byte of the name to that one.
   do {
     char const* const star = ::strchrnul(rest, '*');
     std::string_view const piece = {rest, static_cast<std::size_t>(star - rest)};
@@ -96,7 +96,7 @@ bool has_mode_bit(char const* path, mode_t bit) {
   return FIO_FILE_SYSTEM::status(path, &buffer) && (buffer.st_mode & bit) != 0;
 }
 
-// Copies at most `limit` characters, which may lie behind the target's start, and ends them by a NUL.
+// Copies at most `limit` characters, which may be after the target's start, and terminates them with a NUL.
 void copy_text(char* target, std::string_view text, std::size_t limit) {
   *std::copy_n(text.begin(), std::min(text.size(), limit), target) = '\0';
 }
@@ -107,14 +107,14 @@ void write_part(char* target, std::string_view part) {
   }
 }
 
-// One walk over a directory. The caller of `findfirst` holds its address as a number.
+// One iteration over a directory. The caller of `findfirst` has its address as a number.
 struct find_handle_record {
   find_handle_record(char const* filespec, std::string_view directory_part, DIR* opened) : stream(opened) {
     copy_text(pattern, filespec, fio_internal::longest_path);
     copy_text(directory, directory_part, fio_internal::longest_path);
   }
 
-  // Entries are compared in the form in which the pattern was given: with a directory if it has one.
+  // Entries are matched in the form in which the pattern was given: with a directory if it has one.
   bool compares_bare_names() const { return std::strcmp(directory, ".") == 0 && pattern[0] != '.'; }
 
   char pattern[fio_internal::longest_path + 1];
@@ -122,16 +122,16 @@ struct find_handle_record {
   DIR* stream;
 };
 
-// A stream that is no address is no stream.
+// A stream whose value is not an address is not open.
 bool is_open(DIR* stream) { return reinterpret_cast<std::uintptr_t>(stream) > 1; }
 
-// The record of a handle, or null for one of the values that are no address.
+// Returns the record of a handle, or null for one of the values that are not addresses.
 find_handle_record* record_of(long handle) {
   bool const is_address = handle != nothing_found && handle != single_entry && handle != 1;
   return is_address ? reinterpret_cast<find_handle_record*>(handle) : nullptr;
 }
 
-// The entry that a path without a wildcard names. The system's own `stat`, whatever the operating-system layer does.
+// Finds the entry of a path without a wildcard, by the system's own `stat`, whatever the operating-system layer does.
 long find_entry(char const* path, _finddata_t* fileinfo) {
   struct stat buffer;
   if (::stat(path, &buffer) != 0) {
@@ -145,7 +145,7 @@ long find_entry(char const* path, _finddata_t* fileinfo) {
   }
   fileinfo->time_write = buffer.st_mtime;
   fileinfo->size = buffer.st_size;
-  // Last: the path may be the name that the record holds from another search.
+  // Last: the path may be the name that the record has from another search.
   char const* const last_slash = std::strrchr(path, '/');
   copy_text(fileinfo->name, last_slash != nullptr ? last_slash + 1 : path, sizeof fileinfo->name - 1);
   return single_entry;
@@ -157,23 +157,23 @@ struct stream_closer {
 
 using open_stream = std::unique_ptr<std::FILE, stream_closer>;
 
-// The system sees a text up to its first NUL, so what is put behind it goes there.
+// The system reads a string up to its first NUL, so what is appended is put there.
 std::string with_slash(std::string const& path) {
-  std::string text = path.c_str(); // NOLINT(readability-redundant-string-cstr): this cuts at the NUL
+  std::string text = path.c_str(); // NOLINT(readability-redundant-string-cstr): this ends at the NUL
   if (!text.empty() && text.back() != '/') {
     text += '/';
   }
   return text;
 }
 
-// Whether a path has a legal length with the slash that it is given. What stands behind a NUL counts, though the system
-// does not see it.
+// Returns true if a path has a legal length with the slash that is appended. What follows a NUL counts, though the
+// system does not read it.
 bool is_legal_with_slash(std::string const& path, std::size_t added = 0) {
   bool const takes_slash = !path.empty() && path.back() != '/';
   return fio_internal::is_legal_length(path.size() + takes_slash + added);
 }
 
-// The unit in which content is moved.
+// The unit in which content is copied.
 constexpr std::size_t copy_block = 4096;
 
 // Copies what is left of `source` into a new file and forces it to stable storage.
@@ -203,7 +203,7 @@ bool copy_times(std::string const& source, std::string const& target) {
   return ::utime(target.c_str(), &times) == 0;
 }
 
-// What tells temporary names of different hosts and runs apart. A byte above 127 is hashed with its sign.
+// Returns what makes temporary names of different hosts and runs differ. A byte above 127 is hashed with its sign.
 std::uint64_t make_base_id() {
   char host[257] = {};
   ::gethostname(host, sizeof host - 1);
@@ -227,13 +227,13 @@ std::uint64_t fio_get_tmp_id() {
 
 constexpr char temporary_files[] = ".korvane.*.tmp";
 
-// The path of a directory, to which names of entries are added. It has its content again when the walk ends, however
-// it ends: there is always room for that.
+// The path of a directory, to which names of entries are appended. It has its content again when the iteration ends,
+// however it ends: there is always room for that.
 class path_of_a_directory {
 public:
   explicit path_of_a_directory(std::string& path)
       : m_path(path), m_length(std::strlen(path.c_str())), m_unseen(path, m_length) {
-    // The system sees the text up to its first NUL.
+    // The system reads the string up to its first NUL.
     leave_entry();
   }
   ~path_of_a_directory() {
@@ -251,7 +251,7 @@ private:
   std::string m_unseen;
 };
 
-// The words of an error that cannot be handed on.
+// Returns the message of an error that cannot be returned, as one string.
 std::string text_of(KORVANE_ERROR_MESSAGE const& message) {
   std::string text;
   for (KORVANE_ERROR_MESSAGE::LINE const& line : message.m_lines) {
@@ -385,11 +385,11 @@ bool FIO_FILE_SYSTEM::same_file(char const* name, char const* pattern) {
   if (*pattern == '\0') {
     return true;
   }
-  // A cheap refusal of most names without a directory.
+  // A cheap rejection of most names without a directory.
   if (!matches_byte(*name, *pattern)) {
     return false;
   }
-  // Up to the first `*` the pattern is a prefix. The `*` is reached with name left only.
+  // Up to the first `*` the pattern is a prefix. The `*` is reached only if some of the name is left.
   char const* const star = ::strchrnul(pattern, '*');
   std::string_view const prefix = {pattern, static_cast<std::size_t>(star - pattern)};
   if (std::strncmp(name, pattern, prefix.size()) != 0 && !begins_with(name, prefix)) {
@@ -399,7 +399,7 @@ bool FIO_FILE_SYSTEM::same_file(char const* name, char const* pattern) {
   return *star == '\0' || (*name != '\0' && matches_behind_star(name, star + 1));
 }
 
-// Path texts
+// Path strings
 
 void FIO_FILE_SYSTEM::makepath(char* path, char const* drive, char const* dir, char const* fname, char const* ext) {
   auto const text = [](char const* part) { return part != nullptr ? std::string_view(part) : std::string_view(); };
@@ -465,7 +465,7 @@ int FIO_FILE_SYSTEM::findnext(long handle, _finddata_t* fileinfo) {
     return nothing_found;
   }
   // Room for the longest directory, a separator and the longest name. A candidate that is too long for a path is
-  // passed over, and one that had to be cut is always too long.
+  // skipped, and one that had to be truncated is always too long.
   char candidate[fio_internal::longest_path + 1 + sizeof dirent64::d_name + 1];
   std::size_t prefix = 0;
   if (!record->compares_bare_names()) {
@@ -475,7 +475,7 @@ int FIO_FILE_SYSTEM::findnext(long handle, _finddata_t* fileinfo) {
   }
   while (dirent64 const* const entry = ::readdir64(record->stream)) {
     copy_text(candidate + prefix, entry->d_name, sizeof candidate - prefix - 1);
-    // A wildcard in the candidate would make a search of it, and not the entry itself.
+    // A wildcard in the candidate would make it a search, and not the entry itself.
     if (same_file(candidate, record->pattern)) {
       std::string_view const text = fio_internal::bounded_text(candidate);
       if (fio_internal::is_legal_length(text.size()) && !has_wildcard(text) &&
@@ -706,7 +706,7 @@ bool FIO_FILE_SYSTEM::do_remove_recursively(std::string& path, char const* patte
     directory.leave_entry();
   }
   entries.close();
-  // The directory itself goes by the name of the last entry that was read.
+  // The directory itself is matched by the name of the last entry that was read.
   if (is_to_go(entries.entry.name)) {
     removed = native_remove(path.c_str()) && removed;
   }
@@ -732,7 +732,7 @@ std::unique_ptr<FIO_ERRC> FIO_FILE_SYSTEM::remove_empty_subdirectories(std::stri
   }
   std::unique_ptr<FIO_ERRC> kept;
   {
-    // The system sees the text up to its first NUL.
+    // The system reads the string up to its first NUL.
     std::string const text = path.c_str(); // NOLINT(readability-redundant-string-cstr)
     search entries((text + "/*").c_str());
     if (!entries.found()) {

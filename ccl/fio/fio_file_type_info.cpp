@@ -42,7 +42,7 @@ std::string fio_get_file_type_filter(FIO_FILE_TYPE file_type, bool plural) {
   }
   std::list<FIO_EXTENSION_TYPE> extensions;
   fio_get_extension_type_list(&extensions, FIO_EXTENSION_TYPE_ANY, file_type);
-  std::string patterns; // every extension of the vocabulary has a text
+  std::string patterns; // every extension of the vocabulary has a string
   for (FIO_EXTENSION_TYPE const extension : extensions) {
     patterns.append(patterns.empty() ? "*" : " *").append(fio_get_extension_string(extension));
   }

@@ -14,7 +14,7 @@
 
 // Joins names to a directory without a path for each.
 struct fio_search_directory {
-  // The text that `directory` would have with this file name.
+  // Makes the string that `directory` would have with this file name.
   static void join(FIO_PATH const& directory, std::string_view filename, std::string& text) {
     text.clear();
     fio_internal::compose_path(fio_internal::c_text(directory.m_drive), fio_internal::c_text(directory.m_directory),
@@ -42,7 +42,7 @@ std::string lower_case(std::string text) {
   return text;
 }
 
-// Appends the entries that `filespec` stands for, each in the directory of `filespec`. Whether there are any.
+// Appends the entries that match `filespec`, each in its directory. Returns true if there are any.
 bool fio_find_all_helper(char const* filespec, std::list<FIO_PATH>& found) {
   fio_internal::search matches(filespec);
   if (!matches.found()) {
@@ -59,8 +59,8 @@ bool is_legal_and_exists(FIO_PATH const& directory) {
   return directory.is_legal_length() && FIO_FILE_SYSTEM::exists(directory);
 }
 
-// Whether a file of this name exists in a directory. The text that is looked for is made in `candidate`, whose room
-// serves one directory after the other.
+// Returns true if a file of this name exists in a directory. The path that is tested is made in `candidate`, whose
+// memory is used for one directory after the other.
 bool exists_in(FIO_PATH const& directory, std::string_view filename, std::string& candidate) {
   if (!is_legal_and_exists(directory)) {
     return false;
@@ -69,14 +69,14 @@ bool exists_in(FIO_PATH const& directory, std::string_view filename, std::string
   return fio_internal::is_legal_length(candidate.size()) && FIO_FILE_SYSTEM::exists(candidate.c_str());
 }
 
-// The path of a file that was found in a directory.
+// Returns the path of a file that was found in a directory.
 FIO_PATH found_in(FIO_FIND const& find, FIO_PATH directory, std::string_view filename) {
   directory.filename(std::string(filename));
   find.make_path_absolute_if_relative(&directory);
   return directory;
 }
 
-// The first path of a file of this name over the search list, or in a directory relative to each element of it.
+// Returns the first path of a file of this name over the search list, or in a directory relative to each element of it.
 FIO_PATH find_over_list(FIO_FIND const& find, std::string_view filename, std::string const& relative_directory) {
   std::string candidate;
   for (FIO_PATH const& directory : find.m_search_list) {
@@ -96,7 +96,7 @@ FIO_PATH find_over_list(FIO_FIND const& find, std::string_view filename, std::st
   return {};
 }
 
-// Looks for one candidate, as it is and then in lower case, piece by piece.
+// Searches for one candidate, as it is and then in lower case, component by component.
 void find_candidate(FIO_PATH& candidate, bool try_lower_case, std::list<FIO_PATH>& found) {
   if (fio_find_all_helper(candidate, found) || !try_lower_case) {
     return;
@@ -115,7 +115,7 @@ void find_candidate(FIO_PATH& candidate, bool try_lower_case, std::list<FIO_PATH
 
 } // namespace
 
-// Making the lists
+// Building the lists
 
 FIO_FIND::FIO_FIND(std::string search_path, bool recursive)
     : m_search_path(std::move(search_path)), m_recursive(recursive) {
@@ -134,7 +134,7 @@ FIO_FIND::~FIO_FIND() {
 }
 
 void FIO_FIND::init(std::string const& search_path) {
-  // The tokeniser writes into its text.
+  // The tokeniser writes into its string.
   std::string text = search_path;
   if (&search_path != &m_search_path) {
     m_search_path = search_path;
@@ -179,7 +179,7 @@ void FIO_FIND::parse_dirs() {
 }
 
 void FIO_FIND::push(std::string& dir) {
-  FIO_CHECK(0 != dir.size()); // NOLINT(readability-container-size-empty): the report carries this text
+  FIO_CHECK(0 != dir.size()); // NOLINT(readability-container-size-empty): the report contains this condition
   if (dir.back() != m_separator && dir.back() != m_alternate_separator) {
     dir += m_separator;
   }
@@ -288,7 +288,7 @@ bool FIO_FIND::find_all(std::string const& name, std::vector<std::string> const&
     }
   }
   FIO_CHECK(matches);
-  // Before the caller's list is touched: memory may run out here.
+  // Before the caller's list is modified: memory may run out here.
   for (FIO_PATH& path : found) {
     make_path_absolute_if_relative(&path);
   }
@@ -300,7 +300,7 @@ bool FIO_FIND::find_all(std::string const& name, std::vector<std::string> const&
   return found_any;
 }
 
-// Walking the matches of the search path
+// Iterating over the matches of the search path
 
 std::string FIO_FIND::find_first() {
   find_close();

@@ -13,7 +13,7 @@ MEM_INITIALIZER const mem_initializer(fio_internal::module_name);
 // A single bit of the type byte and not one of its values.
 constexpr unsigned char directory_bit = 4;
 
-// Makes the entry with this name, which does not lie in the state, the present one. The room of the entry before it
+// Makes the entry with this name, which is not in the state itself, the current one. The memory of the entry before it
 // is used again, and what may fail comes first.
 void store_entry(FIO_DIRECTORY_ITERATOR_IMPL& state, std::string_view name, bool is_directory) {
   std::string& path = state.entry.path;
@@ -26,7 +26,7 @@ void store_entry(FIO_DIRECTORY_ITERATOR_IMPL& state, std::string_view name, bool
 
 } // namespace
 
-// A path takes both kinds of separator for one when it divides a text.
+// Both kinds of separator count when a path is parsed.
 FIO_PATH FIO_DIRECTORY_ENTRY::derive_path() const { return FIO_PATH(path); }
 
 FIO_DIRECTORY_ITERATOR_IMPL::FIO_DIRECTORY_ITERATOR_IMPL(char const* directory_text) : directory(directory_text) {}
@@ -89,7 +89,7 @@ void FIO_RECURSIVE_DIRECTORY_ITERATOR::increment() {
     }
     m_subdir_iter.reset();
   }
-  // Behind a subdirectory this may be the last entry from below, which was empty then: it is opened once more.
+  // After a subdirectory this may be the last entry from below, which was empty then: it is opened once more.
   if (m_impl->entry.is_directory) {
     m_subdir_iter = std::make_shared<FIO_RECURSIVE_DIRECTORY_ITERATOR>(m_impl->entry.path.c_str());
     if (!m_subdir_iter->is_at_end()) {
@@ -103,7 +103,7 @@ void FIO_RECURSIVE_DIRECTORY_ITERATOR::increment() {
 
 void FIO_RECURSIVE_DIRECTORY_ITERATOR::update_entry_from_subdir_iter() {
   FIO_DIRECTORY_ENTRY const& below = m_subdir_iter->m_impl->entry;
-  // First what may fail: an entry is one or the other.
+  // First what may fail: an entry is either the old or the new one.
   m_impl->entry.path = below.path;
   m_impl->entry.is_directory = below.is_directory;
 }

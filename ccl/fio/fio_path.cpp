@@ -56,17 +56,17 @@ void make_room(std::string& text, std::size_t size) {
   }
 }
 
-// The choice of the algorithm that simplifies. It is made anew each time.
+// Selects the algorithm of simplification, at each call anew.
 bool is_old_simplification_chosen() { return std::getenv("fio_old_simplify") != nullptr; }
 
-// The file name of the path that a text without NULs would give.
+// Returns the file name of the path that a string without NULs would give.
 std::string_view name_in(std::string_view text) {
   return fio_internal::is_legal_length(text.size())
              ? fio_internal::cut_name(text.substr(fio_internal::directory_size(text)))
              : std::string_view();
 }
 
-// Anchors a path at the current directory, which is read for an absolute path as well.
+// Prepends the current directory, which is read for an absolute path as well.
 void become_absolute(stack_path& path) {
   if (path.is_absolute()) {
     current_directory::read();
@@ -76,7 +76,7 @@ void become_absolute(stack_path& path) {
   path.simplify(is_old_simplification_chosen());
 }
 
-// Compares the places that two paths name, and leaves the paths changed.
+// Compares two paths once simplified and absolute, and leaves them changed.
 
 int fio_path_comparison_operation(stack_path& left, stack_path& right) {
   left.simplify(is_old_simplification_chosen());
@@ -91,22 +91,22 @@ int fio_path_comparison_operation(FIO_PATH& left, FIO_PATH& right) {
   right.become_simplified();
   left.become_absolute({});
   right.become_absolute({});
-  // A text that is too long is complained of as it is read, the right one first.
+  // A string that is too long is reported as it is read, the right one first.
   char const* const right_text = right;
   return FIO_PATH::os_specific_comparison(left, right_text);
 }
 
 } // namespace
 
-// What a text divides into, for the constructor.
+// The components of a string, for the constructor.
 struct FIO_PATH::division : divided_path {
   explicit division(char const* path) : divided_path(divide_path(path)) {}
 };
 
 // What the operations have in common.
 struct FIO_PATH::detail {
-  // Whether the text is directory, base and extension side by side: nothing was put between them, no NUL has cut one of
-  // them, and the text is not one that was left behind when memory ran out, since that one is shorter.
+  // Returns true if the string is directory, base and extension in a row: nothing was put between them, no NUL ended
+  // one of them, and the string is not one that was left when memory ran out, since that one is shorter.
   static bool is_plain(FIO_PATH const& path) {
     return path.m_drive.empty() && (path.m_directory.empty() || path.m_directory.back() == '/') &&
            has_plain_extension(path) &&
@@ -117,13 +117,13 @@ struct FIO_PATH::detail {
     return path.m_extension.empty() || path.m_extension.front() == '.';
   }
 
-  // Not inlined: a text of legal length is read without a stack.
+  // Not inlined: a string of legal length is read without a stack.
   [[gnu::noinline]] static char const* long_text(FIO_PATH const& path) {
     check_length(path.m_full_path);
     return path.m_full_path.c_str();
   }
 
-  // Replaces the end of a plain text, from `start` on.
+  // Replaces the end of a plain string, from `start` on.
   static void replace_end(FIO_PATH& path, std::size_t start, std::string_view end) {
     make_room(path.m_full_path, start + end.size());
     path.m_full_path.erase(start);
@@ -135,7 +135,7 @@ struct FIO_PATH::detail {
     extension_part const first_part(first);
     extension_part const second_part = first_part.is_present ? extension_part(second) : extension_part();
     bool const was_plain = is_plain(path);
-    // Room for two dots. From here on only the text can run out of memory.
+    // Room for two dots. From here on only the string can run out of memory.
     make_room(path.m_extension, first_part.text.size() + second_part.text.size() + 2);
     path.m_extension.clear();
     first_part.append_to(path.m_extension);
@@ -171,15 +171,15 @@ struct FIO_PATH::detail {
     path.m_legal_length = false;
   }
 
-  // Whether a path that is made anew from the text of this one, and has divided into `parts`, differs from it in nothing
-  // that simplification looks at.
+  // Returns true if a path that is parsed anew from the string of this one, into `parts`, differs from it in nothing
+  // that simplification reads.
   static bool is_as_divided(FIO_PATH const& path, stack_path const& parts) {
     return path.m_path_separator == '/' && is_plain(path) && parts.is_unchanged(path.m_full_path) &&
            parts.directory().size() == path.m_directory.size() &&
            (!parts.has_outer_dot() || parts.base().size() == path.m_base.size());
   }
 
-  // Whether neither way to simplify would change this path.
+  // Returns true if neither algorithm of simplification would change this path.
   static bool is_simplified(FIO_PATH const& path) {
     return path.m_path_separator == '/' && is_plain(path) && path.has_directory() &&
            is_path_length_within_operating_system_limits(path.m_full_path) && !is_dot(path.m_base) &&
@@ -203,12 +203,12 @@ struct FIO_PATH::detail {
     }
   }
 
-  // Simplifies a path that is not what its text divides into, or too long for that.
+  // Simplifies a path that is not what its string is parsed into, or too long for that.
   static void simplify_components(FIO_PATH& path, bool in_the_old_way) {
     std::string const& text = path.m_full_path;
     char const separator = path.m_path_separator;
-    // Room for the root, all of the text and a separator. A NUL may hide the whole text of a directory; not even its
-    // root is left then.
+    // Room for the root, all of the string and a separator. A NUL may hide the whole of a directory; not even its root
+    // is left then.
     std::string directory(text.size() + 2, separator);
     bool const has_root = path.absolute() && (in_the_old_way || !text.empty());
     fio_internal::simplified_directory result(directory.data(), has_root ? 1 : 0, separator, path.absolute());
@@ -218,7 +218,7 @@ struct FIO_PATH::detail {
         result.append(walk.level());
       }
     } else {
-      // What stands behind the last separator is the file name and no component, unless there is no separator at all:
+      // What follows the last separator is the file name and no component, unless there is no separator at all:
       // an assigned path may have kept another one from its source.
       bool const all_is_one_component = text.find(separator) == std::string::npos;
       level_walk walk(text, separator);
@@ -227,7 +227,7 @@ struct FIO_PATH::detail {
       }
     }
     directory.resize(result.close());
-    // Memory runs out before anything is changed: this is all that the text can take.
+    // Memory runs out before anything is changed: this is all that the string can need.
     path.m_full_path.reserve(path.m_drive.size() + directory.size() + path.m_base.size() + path.m_extension.size() + 2);
     path.m_directory = std::move(directory);
     path.store_directory();
@@ -245,11 +245,11 @@ struct FIO_PATH::detail {
     }
   }
 
-  // Whether the text may end with the name of another path. Mostly the ends settle that two paths are not equal.
+  // Returns true if the string may end with the name of another path. Mostly the ends show that two paths are unequal.
   static bool may_end_with_name(std::string const& text, FIO_PATH const& path) {
     std::size_t const size = text.size();
     std::size_t const name_size = path.m_base.size() + path.m_extension.size();
-    // Beyond these limits the extension may be cut, and there may be a message about the length.
+    // Beyond these limits the extension may be truncated, and there may be a message about the length.
     bool const is_known = size <= fio_internal::longest_extension && is_plain(path) &&
                           is_path_length_within_operating_system_limits(path.m_full_path);
     return !is_known || (size >= name_size && (name_size == 0 || text.back() == path.m_full_path.back()) &&
@@ -263,7 +263,7 @@ struct FIO_PATH::detail {
     std::string_view base = right.m_base;
     std::string_view extension = right.m_extension;
     if (!is_plain(right)) {
-      // As far as a C-string of the file name would reach.
+      // As long as a C-string of the file name would be.
       extension = has_nul(right.m_base) ? std::string_view() : c_text(right.m_extension);
       base = c_text(right.m_base);
     }
@@ -272,7 +272,7 @@ struct FIO_PATH::detail {
            name.substr(base.size()) == extension && compare(left, right) == 0;
   }
 
-  // The left operand is made anew from its text, with the default separator; a path on the right is copied as it comes.
+  // The left operand is parsed anew from its string, with the default separator; a path on the right is copied.
 
   static int compare(std::string const& left, FIO_PATH const& right) {
     stack_path right_parts(right.m_full_path);
@@ -292,12 +292,12 @@ struct FIO_PATH::detail {
   }
 };
 
-// Making and assigning
+// Construction and assignment
 
 FIO_PATH::FIO_PATH() = default;
 
 FIO_PATH::FIO_PATH(char const* path) : FIO_PATH(division(path)) {
-  // An empty text divides into nothing, but is not refused.
+  // An empty string has no components, but is not rejected.
   m_legal_length = m_legal_length || path == nullptr || *path == '\0';
 }
 
@@ -431,14 +431,14 @@ void FIO_PATH::make_path(FILE_COMPONENTS component, std::string const& value) {
   rebuild();
 }
 
-// Brings the directory, as it was given, into the form in which it is kept.
+// Normalises the directory, which is as it was given.
 void FIO_PATH::store_directory() {
   normalise_separators(m_directory, m_path_separator);
   close_with(m_directory, m_path_separator);
 }
 
-// Makes the text that `FIO_FILE_SYSTEM::makepath` gives for the components, in place. Asks for exactly the size of the
-// text. `is_plain` relies on it: a text left behind by `std::bad_alloc` is shorter than its components.
+// Makes the string that `FIO_FILE_SYSTEM::makepath` gives for the components, in place. Requests exactly the size of
+// the string. `is_plain` relies on it: a string left by `std::bad_alloc` is shorter than its components.
 void FIO_PATH::rebuild() {
   auto const compose = [drive = c_text(m_drive), directory = c_text(m_directory), base = c_text(m_base),
                         extension = c_text(m_extension)](auto append) {
@@ -525,7 +525,7 @@ std::string FIO_PATH::operator[](int level) const {
 }
 
 std::string FIO_PATH::tail() const {
-  // Once for this operation and once for the text that it reads its answer from.
+  // Once for this operation and once for the string that its result is read from.
   check_length(m_full_path);
   check_length(m_full_path);
   divided_path const parts = divide_path(m_full_path.c_str());
@@ -569,7 +569,7 @@ FIO_PATH& FIO_PATH::base(std::string const& text) {
 
 FIO_PATH& FIO_PATH::filename(std::string const& text) {
   divided_path const parts = divide_path(text.c_str());
-  // Once there is room, only the text can run out of memory.
+  // Once there is room, only the string can run out of memory.
   make_room(m_base, parts.base.size());
   make_room(m_extension, parts.extension.size());
   if (!parts.directory.empty()) {
@@ -600,7 +600,7 @@ FIO_PATH& FIO_PATH::tail(std::string const& text) {
   if (!kept.empty() && kept.back() == m_path_separator) {
     kept.remove_suffix(1);
   }
-  // Without a separator to cut at, the only level stays and the new one is glued to it.
+  // Without a separator the only level remains and the new one is appended to it.
   std::size_t const last_separator = kept.rfind(m_path_separator);
   if (last_separator != std::string_view::npos) {
     kept.remove_suffix(kept.size() - last_separator - 1);
@@ -714,7 +714,7 @@ std::string FIO_PATH::get_relative_to(std::string const& directory) const {
   if (!self.is_absolute() || !other.is_absolute()) {
     return m_full_path;
   }
-  // Both begin and end with a separator, and so does what they have in common once it is cut behind the last one.
+  // Both begin and end with a separator, and so does what they have in common once it is truncated after the last one.
   std::size_t common = fio_internal::common_size(self.directory(), other.directory());
   while (self.text()[common - 1] != '/') {
     --common;
@@ -794,7 +794,7 @@ void fio_display_path_too_long_assert_message(char const* path) {
     message += '\n';
   }
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-security" // the debug channel has always read this text as a format
+#pragma GCC diagnostic ignored "-Wformat-security" // the debug channel has always read this string as a format
   fio_internal::mem_msg_vdebug(message.c_str());
 #pragma GCC diagnostic pop
 }

@@ -22,7 +22,7 @@ bool debug_messages_wanted() {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
-// Formats into `*out`, behind what stands there. Answers false, with `*out` as it was, if the format is invalid.
+// Appends a formatted string to `*out`. Returns false, with `*out` unchanged, if the format is invalid.
 bool append_formatted(std::string* out, char const* format, va_list arguments) {
   va_list measured;
   va_copy(measured, arguments);
@@ -34,7 +34,7 @@ bool append_formatted(std::string* out, char const* format, va_list arguments) {
   }
   std::size_t const start = out->size();
   out->resize(start + static_cast<std::size_t>(length));
-  // The terminating NUL goes over the one that the string keeps there anyway.
+  // The terminating NUL replaces the one that the string has there anyway.
   std::vsnprintf(&(*out)[start], static_cast<std::size_t>(length) + 1, format, arguments);
   return true;
 }
@@ -82,7 +82,7 @@ void mem_msg_local_vdebug(char const* module, char const* format, va_list argume
       std::fwrite(line.data(), 1, line.size(), stderr);
     }
   } catch (std::bad_alloc const&) {
-    // A debug message is never a failure of the work that it speaks of.
+    // A debug message is never a failure of the operation that writes it.
   }
   errno = kept_errno;
 }

@@ -19,7 +19,7 @@ int osi_open(char const* path, int flags, int mode) {
 }
 
 std::FILE* osi_fopen(char const* path, char const* mode) {
-  // "e" is the C library's own letter for close-on-exec. That library looks at the first seven letters of a mode.
+  // "e" is the C library's own letter for close-on-exec. That library reads the first seven letters of a mode.
   constexpr std::size_t letters_that_count = 7;
   std::size_t const length = std::strlen(mode);
   if (length == 0 || length >= letters_that_count) {

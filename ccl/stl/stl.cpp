@@ -5,7 +5,7 @@
 
 namespace {
 
-// RSIZE_MAX of the bounds-checking interfaces: a greater size is taken for a negative number gone wrong.
+// RSIZE_MAX of the bounds-checking interfaces: a greater size is taken for a converted negative number.
 constexpr std::size_t largest_size = SIZE_MAX >> 1;
 
 bool is_one_of(char character, char const* set) { return character != '\0' && std::strchr(set, character) != nullptr; }
@@ -43,7 +43,7 @@ char* strtok_s(char* text, std::size_t* remaining, char const* delimiters, char*
   if (*end != '\0') {
     *end++ = '\0';
   }
-  // At the end of the text the context stays on its NUL, so that every later search finds nothing.
+  // At the end of the string the context stays on its NUL, so that every later search finds nothing.
   *context = end;
   *remaining = static_cast<std::size_t>(limit - end);
   return token;
