@@ -20,7 +20,7 @@ class KORVANE_ERROR_MESSAGE {
 public:
   /// Holds one line of a message.
   struct LINE {
-    std::string m_text;        ///< the string, fully formatted
+    std::string m_text;        ///< the formatted string
     std::string m_aux_text;    ///< a second string, copied with the line
     std::int32_t m_code = -1;  ///< a code for the line, copied with it
     std::int32_t m_indent = 0; ///< the depth of nesting: 0 for the main line

@@ -1,7 +1,6 @@
 /// @file
-/// Declares the errors of this library that carry a message, and their factory: `FIO_ERRC`, its codes and how to make
-/// them. Code that only receives errors needs no more than `fio_errc_codes.h`, which every operation that returns one
-/// includes.
+/// Declares the errors of this library that carry a message: `FIO_ERRC`, its codes and their factory. Code that only
+/// receives errors needs no more than `fio_errc_codes.h`, which the headers of operations that return one include.
 ///
 /// Most of the library reports a failure by a result. An operation that needs a message returns an owning pointer to a
 /// `FIO_ERRC`, which is null on success; nothing here is ever thrown.

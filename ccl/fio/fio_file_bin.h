@@ -14,8 +14,8 @@
 ///     out << 0x12345678 << static_cast<short>(-2);   => 78 56 34 12 fe ff
 ///
 /// The signed and the unsigned type of one width have the same bytes. There are no operators for other types; some of
-/// them convert to one of these, so convert a value to the type that is meant. (``out << 'a'`` writes one byte, `out <<
-/// true` the four of an `int`.)
+/// them convert to one of these, so convert a value to the type that is meant. (``out << 'a'`` writes one byte,
+/// `out << true` the four of an `int`.)
 ///
 /// @par Failure
 /// The operators test nothing. The state of the stream shows whether a value was read or written, after one value or

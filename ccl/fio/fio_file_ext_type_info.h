@@ -62,8 +62,8 @@ extern FIO_EXPORT char const* fio_empty_result_value;
 /// @name By extension type
 /// @{
 
-/// Returns the string with its leading dot: ".vhd", and "." for `FIO_EXTENSION_TYPE_INVALID`; empty for an unknown
-/// value.
+/// Returns the string of an extension type, with its leading dot: ".vhd", and "." for `FIO_EXTENSION_TYPE_INVALID`;
+/// empty for an unknown value.
 [[nodiscard]] FIO_EXPORT char const* fio_get_extension_string(FIO_EXTENSION_TYPE extension_type);
 
 /// Returns the file type of an extension: the first one of which it is the default extension, otherwise the first one

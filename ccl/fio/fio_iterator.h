@@ -118,10 +118,10 @@ public:
   /// Opens the top directory and moves to its first entry, or to the end.
   explicit FIO_RECURSIVE_DIRECTORY_ITERATOR(char const* path);
 
-  /// Shares the open directories and the entry.
+  /// Shares the open directories and the entry of the other iterator.
   FIO_RECURSIVE_DIRECTORY_ITERATOR(FIO_RECURSIVE_DIRECTORY_ITERATOR const&) = default;
 
-  /// Shares the open directories and the entry.
+  /// Shares the open directories and the entry of the other iterator.
   FIO_RECURSIVE_DIRECTORY_ITERATOR& operator=(FIO_RECURSIVE_DIRECTORY_ITERATOR const&) = default;
 
   /// Moves to the next entry of the tree: the first one in a directory, and otherwise the next one of this level.

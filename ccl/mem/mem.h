@@ -1,7 +1,7 @@
 /// @file
 /// Declares the memory layer: module registration, debug messages and formatted strings.
 ///
-/// This is an open replacement for the suite's own memory layer. A suite replaces the whole platform library by its own
+/// This is an open substitute for the suite's own memory layer. A suite replaces the whole platform library by its own
 /// (see `CCL_PLATFORM_TARGET`), so everything here is a plain function or class with nothing inline.
 ///
 /// @par Thread safety
