@@ -37,7 +37,7 @@
 
 /// Reads integers from a binary stream.
 ///
-/// After a failed read a `char` is unchanged, and any other target has an unspecified value: its low bytes are those
+/// After a failed read a `char` is unchanged, and any other target has an unspecified value, whose low bytes are those
 /// that could be read.
 ///
 /// @copydetails fio_file_bin.h
