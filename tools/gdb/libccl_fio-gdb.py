@@ -308,9 +308,13 @@ class FioPrinter:
         self.show = show
         self.value = value
 
+    def is_described(self):
+        """Whether the members are known. A compiler may leave a class to the debug symbols of the library, as one with
+        virtual functions."""
+        return bool(self.value.type.strip_typedefs().fields())
+
     def to_string(self):
-        # A compiler describes a class with virtual functions where it puts their table, which is the library.
-        if not self.value.type.strip_typedefs().fields():
+        if not self.is_described():
             return "<the debug symbols of the library are missing>"
         return fio_guarded(self.show, self.value)
 
@@ -319,6 +323,9 @@ class FioPathPrinter(FioPrinter):
     """A path, and below it the components."""
 
     def children(self):
+        if not self.is_described():
+            return
+
         def sound(component):  # the printer of strings relies on what it is given
             fio_text(component)
             return component
