@@ -1,7 +1,6 @@
 #!/bin/sh
-# Stops a program in gdb where its objects are complete, runs the commands of a transcript there, and compares what gdb
-# says with the transcript, which may be a block of a page. The library is installed as the packages have it: stripped,
-# with its debug symbols in a folder of their own.
+# Compares a transcript with what gdb says of a program, or of its core file, with the library as the packages have it:
+# installed, stripped, and with its debug symbols in a folder of their own.
 #
 # usage: run.sh BUILD PROGRAM TRANSCRIPT WORK process|core|no-symbols
 
@@ -12,16 +11,21 @@ program=$2
 transcript=$3
 work=$4
 what=$5
+here=$(CDPATH= cd -- "$(dirname -- "$0")" && pwd -P)
 
-if ! gdb -nx -batch -ex 'python pass' >/dev/null 2>&1; then
-  echo "left out: there is no gdb with Python (Debian: gdb)"
+probe=$(gdb -nx -batch -ex 'python print("Python")' -ex run "$(command -v true)" 2>&1 || true)
+case $probe in
+*Python*"exited normally"*) ;;
+*)
+  echo "left out: no gdb with Python (Debian: gdb), or none that may trace a process: $probe"
   exit 0
-fi
+  ;;
+esac
 
 rm -rf "$work"
 mkdir -p "$work/tree/only"
 touch "$work/tree/only/file"
-cp "${0%/*}"/*.py "$work"
+cp "$here"/*.py "$work"
 cd "$work"
 
 for component in fio platform; do
@@ -47,31 +51,11 @@ if [ "$what" = no-symbols ]; then
   first="source $libraries/${script##*/}"
 fi
 
-sed -n '/^```gdb$/,/^```$/{ /^```/!p }' "$transcript" >expected
-[ -s expected ] || cp "$transcript" expected
-sed -n 's/^(gdb) \(.*\)$/echo (gdb) \1\\n\n\1/p' expected >commands
-
-debug() {
-  env -u LD_LIBRARY_PATH LC_ALL=C.UTF-8 gdb -nx -batch -iex "set debuginfod enabled off" \
-    -iex "set debug-file-directory $symbols" -iex "$safe" -iex "set startup-with-shell off" \
-    -iex "set environment LD_LIBRARY_PATH $libraries" "$@" </dev/null 2>&1
-}
-
-show() {
-  debug "$@" -ex up -ex "$first" -ex 'echo ====\n' -x commands >output
-}
-
+unset LD_LIBRARY_PATH
+set -- gdb -nx -batch -iex "set debuginfod enabled off" -iex "set debug-file-directory $symbols" -iex "$safe" \
+  -iex "set startup-with-shell off" -iex "set environment LD_LIBRARY_PATH $libraries" -ex "$first"
 if [ "$what" = core ]; then
-  debug -ex 'break look_at' -ex run -ex 'generate-core-file core' "$program" >output
-  [ ! -s core ] || show "$program" core
-else
-  show -ex 'break look_at' -ex run "$program"
+  "$@" -ex 'break look_at' -ex run -ex 'generate-core-file core' "$program" >core.log 2>&1 </dev/null
+  exec "$here/compare.sh" "$transcript" "$@" "$program" core
 fi
-if grep -q 'ptrace\|Operation not permitted' output; then
-  echo "left out: a process may not be traced here"
-  exit 0
-fi
-
-sed '1,/^====$/d' output >shown
-grep -q '^====$' output || cat output
-diff expected shown
+exec "$here/compare.sh" "$transcript" "$@" -ex 'break look_at' -ex run "$program"
