@@ -68,6 +68,24 @@ finds_the_sources() {
   [ "$(cat "$scratch/printed")" = "rtl/top.v lib/alu.v " ]
 }
 
+# The descriptions of types are in the debug symbols alone.
+debugger_finds_printers_and_symbols() {
+  in_root env PYTHONDONTWRITEBYTECODE=1 gdb -nx -batch -ex 'output (FIO_FILE_TYPE)8' "$libraries/libccl_fio.so.0.1" \
+    >"$scratch/printed" 2>&1
+  cat "$scratch/printed"
+  [ "$(cat "$scratch/printed")" = "FIO_FILE_TYPE_VHDL_FILE (VHDL File)" ]
+}
+
+# gdb looks at processes in /proc, which is mounted for it alone.
+debugger_shows_what_the_page_says() {
+  mkdir -p "$root/tmp/debugger/tree/only"
+  touch "$root/tmp/debugger/tree/only/file"
+  cp tests/gdb/objects.cpp tests/gdb/compare.sh docs/debugger.md "$root/tmp/debugger"
+  unshare --mount sh -c 'mount -t proc proc "$1/proc" && chroot "$1" env -i PATH=/usr/bin:/bin LC_ALL=C \
+    PYTHONDONTWRITEBYTECODE=1 sh -c "cd /tmp/debugger && g++ -std=c++17 -g -O2 objects.cpp -lccl_fio -o objects &&
+      ./compare.sh debugger.md gdb -nx -batch -ex \"break look_at\" -ex run objects"' sh "$root"
+}
+
 nothing_is_left() {
   list_root >"$scratch/after"
   diff "$scratch/before" "$scratch/after"
@@ -79,7 +97,8 @@ say "making a fresh root"
 release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 {
   debootstrap --variant=minbase "$release" "$root" &&
-    in_root apt-get install -y --no-install-recommends g++ cmake make pkgconf libboost-dev libboost-filesystem-dev
+    in_root apt-get install -y --no-install-recommends g++ cmake make pkgconf libboost-dev libboost-filesystem-dev \
+    gdb
 } >"$scratch/log" 2>&1 || {
   tail -n 20 "$scratch/log" >&2
   exit 1
@@ -112,6 +131,12 @@ check "the command has its manual page and its completion" test -s "$root/usr/sh
   -a -s "$root/usr/share/bash-completion/completions/ccl-fio"
 check "the debug symbols are those of the library" in_root sh -c \
   "id=\$(readelf -n $libraries/libccl_fio.so.0.1 | sed -n 's/.*Build ID: \\(..\\)/\\1\\//p') && readelf -SW /usr/lib/debug/.build-id/\$id.debug | grep -q debug_info"
+check "gdb finds the printers and the symbols" debugger_finds_printers_and_symbols
+if unshare --mount mount -t proc proc "$root/proc" 2>/dev/null; then
+  check "gdb shows what the page says" debugger_shows_what_the_page_says
+else
+  say "left out: gdb on a process, since /proc cannot be mounted here"
+fi
 check "the pages of reference are there" test -f "$root/usr/share/doc/libccl-fio-doc/html/index.html"
 check "the packages are removed" in_root sh -c \
   'apt-get purge -y --auto-remove $(for file in /tmp/packages/*.deb; do dpkg-deb -f $file Package; done)'
