@@ -102,6 +102,9 @@ constexpr bool is_written_to = std::is_same_v<decltype(std::declval<Stream>() <<
                                               std::basic_ostream<typename std::decay_t<Stream>::char_type>&>;
 static_assert(is_written_to<std::ostream&> && is_written_to<std::ostringstream&> && is_written_to<std::wostream&>);
 
+static_assert(std::is_same_v<decltype(::operator<< <std::char_traits<char>, FIO_PATH>),
+                             std::ostream&(std::ostream&, FIO_PATH const&)>);
+
 // Keys
 
 static_assert(std::is_same_v<decltype(std::hash<FIO_PATH>()(FIO_PATH())), std::size_t>);
