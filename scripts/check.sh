@@ -24,10 +24,10 @@ full=
 
 need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
 
-# What the quick form leaves to the others: the tests that build the library once more or programs that use it, the
-# page in a browser, and the longest campaigns.
+# What the quick form leaves to the others: the tests that build the library once more or programs that use it, another
+# compiler, the page in a browser, and the longest campaigns.
 longer_tests='^(sweeps\.system_call_sweep|faults\.real_faults|package\.(stands_on_another_platform|starts_.*)'
-longer_tests="$longer_tests"'|ccl-fio\.writes_a_page_that_works_in_a_browser)$'
+longer_tests="$longer_tests"'|headers\.std_.*_with_clang.*|ccl-fio\.writes_a_page_that_works_in_a_browser)$'
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
