@@ -47,38 +47,40 @@
 
 namespace fio_internal {
 
+/// For `fio_std.h` alone, like all that follows: whether this is the class of paths, or one derived from it.
 template <typename T>
 inline constexpr bool is_path = std::is_base_of_v<FIO_PATH, T>;
 
-// Null is here for the message only.
+/// Whether paths are compared with such texts. Null is here for the message only.
 template <typename T>
 inline constexpr bool is_text =
     std::is_same_v<T, std::string> || std::is_same_v<T, std::string_view> || std::is_same_v<T, std::nullptr_t> ||
     std::is_same_v<std::decay_t<T>, char*> || std::is_same_v<std::decay_t<T>, char const*>;
 
+/// What a `static_assert` needs in order to fail in a use alone.
 template <typename T>
 inline constexpr bool never = false;
 
-// The operands of an operator that a path and a text may have in either order. The members of the class take those that
-// they can take, as they are no templates.
+/// The result of an operator between a path and a text. The members of the class go before it, as they are no templates.
 template <typename Path, typename Text, typename Result>
 using if_path_and_text = std::enable_if_t<is_path<Path> && is_text<Text>, Result>;
 
-// The operands that would be compared, or subtracted, as two pointers.
+/// The result of an operator that would compare or subtract two pointers.
 template <typename Left, typename Right, typename Result>
 using if_taken_for_pointers =
     std::enable_if_t<(is_path<Left> || is_path<Right>)&&std::is_convertible_v<Left const&, char const*> &&
                          std::is_convertible_v<Right const&, char const*>,
                      Result>;
 
-// Two types, as the operators beside it have, which would otherwise be less special than this one.
+/// The result of an operator between two paths. Of two types, as it would otherwise be more specialized than `>`.
 template <typename Left, typename Right>
 using if_paths = std::enable_if_t<std::is_same_v<Left, FIO_PATH> && std::is_same_v<Right, FIO_PATH>>;
 
+/// The result of an operator of a path.
 template <typename Path, typename Result>
 using if_path = std::enable_if_t<is_path<Path>, Result>;
 
-// The text, without a copy, of a path or of what is a text itself.
+/// The text, without a copy, of a path or of what is a text itself.
 template <typename Text>
 std::string_view view_of(Text const& text) {
   if constexpr (is_path<Text>) {
@@ -88,7 +90,7 @@ std::string_view view_of(Text const& text) {
   }
 }
 
-// A text as the operators of a path take it. Null counts as empty, as it does for a path.
+/// A text as the operators of a path take it. Null counts as empty, as it does for a path.
 template <typename Text>
 decltype(auto) operand(Text const& text) {
   static_assert(!std::is_same_v<Text, std::nullptr_t>, "a path is never null: write `p.fullpath().empty()`");
@@ -101,6 +103,7 @@ decltype(auto) operand(Text const& text) {
   }
 }
 
+/// The result of an operator of traits.
 template <typename Flag>
 using if_flag =
     std::enable_if_t<std::is_same_v<Flag, FIO_FILE_TYPE_FLAG> || std::is_same_v<Flag, FIO_EXTENSION_TYPE_FLAG>, Flag>;
