@@ -68,8 +68,8 @@ using if_path_and_text = std::enable_if_t<is_path<Path> && is_text<Text>, Result
 /// The result of an operator that would compare or subtract two pointers.
 template <typename Left, typename Right, typename Result>
 using if_taken_for_pointers =
-    std::enable_if_t<(is_path<Left> || is_path<Right>)&&std::is_convertible_v<Left const&, char const*> &&
-                         std::is_convertible_v<Right const&, char const*>,
+    std::enable_if_t<std::is_convertible_v<Left const&, char const*> &&
+                         std::is_convertible_v<Right const&, char const*> && (is_path<Left> || is_path<Right>),
                      Result>;
 
 /// The result of an operator between two paths. Of two types, as it would otherwise be more specialized than `>`.

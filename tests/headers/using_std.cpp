@@ -186,7 +186,7 @@ static_assert(std::is_same_v<decltype(fio_editor_types)::value_type, FIO_EDITOR_
 // fmt
 
 #if defined FMT_VERSION
-static_assert(fmt::is_formattable<FIO_PATH>::value);
+static_assert(fmt::has_formatter<FIO_PATH, fmt::format_context>::value);
 #endif
 
 // Code in a namespace with operators of its own finds those of the header by their operands.
