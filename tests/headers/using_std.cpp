@@ -20,7 +20,8 @@
 #if __has_include(<fmt/core.h>)
 #include <fmt/core.h>
 #endif
-#include "ccl/fio/fio_std.h"
+#include "ccl/fio/fio_std.h" // which now has the formatter, too
+#include "ccl/fio/fio_std.h" // and has it once
 
 namespace using_std {
 
