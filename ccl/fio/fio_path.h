@@ -435,7 +435,8 @@ public:
   /// algorithm changes during the life of the container.
   /// @warning There is no `>`, `<=` or `>=`, and a literal matches both overloads of each operator. As a path converts
   /// to its string, `a > b` and `"x" == a` compile all the same, and compare addresses. Compare with a path or a
-  /// `std::string` on the right.
+  /// `std::string` on the right. In C++20 `<` of pairs, tuples and containers of paths compares addresses, too. With
+  /// `fio_std.h` these are right or do not compile.
   /// @{
 
   /// Returns true if the file names are the same and the two paths, simplified and made absolute, are too.
