@@ -128,7 +128,7 @@ std::vector<operation> const operations = {
      [] { iterate<FIO_RECURSIVE_DIRECTORY_ITERATOR>("d"); }},
 
     {"Searching", "`FIO_FIND(\"d;e\", false)`", {"d/", "e/"}, [] { FIO_FIND("d;e", false); }},
-    {"Searching", "`FIO_FIND(\"d\", true)`, one subdirectory", {"d/e/"}, [] { FIO_FIND("d", true); }},
+    {"Searching", "`FIO_FIND(\"d\", true)`, a file in a subdirectory", {"d/e/a"}, [] { FIO_FIND("d", true); }},
     {"Searching",
      "`find(\"a\")` over `d;e;`, in none",
      {"d/", "e/"},
