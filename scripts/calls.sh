@@ -5,4 +5,4 @@
 
 need_packages $packages_to_build $packages_to_check strace
 build release --target traced_operations
-/usr/bin/python3 -B tests/calls/table.py --renew build/release/tests/calls/traced_operations docs/calls.md
+/usr/bin/python3 -B tests/costs/calls.py --renew build/release/tests/costs/traced_operations docs/calls.md

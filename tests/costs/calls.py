@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""The page of the system calls: docs/calls.md, from a trace of the operations.
+"""The table of the system calls, docs/calls.md, from a trace of the operations.
 
-    table.py PROGRAM PAGE            compares the page with what is traced now; status 77 where no trace can be made, and
+    calls.py PROGRAM PAGE            compares the page with what is traced now; status 77 where no trace can be made, and
                                      where the C library or Boost are not those of the page
-    table.py --renew PROGRAM PAGE    writes the page
+    calls.py --renew PROGRAM PAGE    writes the page
 """
 
 import difflib
