@@ -35,4 +35,5 @@ fi
 
 say "benchmark: building"
 build benchmark
-exec /usr/bin/python3 -B benchmarks/report/bench.py $action build/benchmark/benchmarks/fio_benchmark $quick
+/usr/bin/python3 -B benchmarks/report/bench.py $action build/benchmark/benchmarks/fio_benchmark $quick
+[ $action != report ] || /usr/bin/python3 -B tests/costs/speed.py --renew docs/performance.md docs/guide/speed.md
