@@ -70,7 +70,7 @@ std::vector<operation> const operations = {
     {"Status", "`is_directory_empty(\"d\")`", {"d/"}, [] { ignore(files::is_directory_empty("d")); }},
 
     {"Opening, renaming and removing",
-     "`open(\"a\", O_CREAT \\| O_EXCL \\| O_WRONLY, 0666)`",
+     "`open(\"a\", ...)` with `O_CREAT` and `O_EXCL`",
      {},
      [] { ::close(files::open("a", O_CREAT | O_EXCL | O_WRONLY, 0666)); }},
     {"Opening, renaming and removing", "`rename(\"a\", \"b\")`", {"a", "b"}, [] { files::rename("a", "b"); }},
