@@ -14,6 +14,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import typing
 
 NAMES = {"newfstatat": "stat", "openat": "open", "getdents64": "getdents"}
 # What the C and C++ libraries ask for by themselves: memory and locks.
@@ -23,11 +24,16 @@ HEAD = """# System calls by operation
 
 Written by `scripts/calls.sh` from a trace with {libc} and {boost}; nothing here is by hand.
 
-Each operation ran once, in a directory of its own on tmpfs. A call on a descriptor is shown with the name that was
-opened, and a call that failed with its error. `N` stands for the number of a temporary name. A directory that is read
-to its end takes two `getdents` or more, of which the last says that there is no more. Calls for memory and locks are
-left out.
+Each operation ran once, in a directory of its own on tmpfs. The third column counts the calls that are given a name;
+the others are given a descriptor, shown with the name that was opened, or nothing. A call that failed is shown with its
+error. `N` stands for the number of a temporary name. A directory that is read to its end takes two `getdents` or more,
+of which the last finds no more entries. Calls for memory and locks are left out.
 """
+
+
+class Call(typing.NamedTuple):
+    words: str
+    by_name: bool
 
 
 def skip(reason):
@@ -36,7 +42,7 @@ def skip(reason):
 
 
 def traced(program):
-    """The lines of a trace of the program, and the directory in which it worked."""
+    """The lines of a trace of the program."""
     # Entries come in the same order there each time.
     if not os.access("/dev/shm", os.W_OK):
         skip("/dev/shm is missing")
@@ -50,7 +56,7 @@ def traced(program):
             if not log.exists() or not log.read_text().strip():
                 skip("this process may not trace: " + run.stderr.strip())
             sys.exit("the operations failed: " + run.stderr)
-        return log.read_text().splitlines(), str(work)
+        return log.read_text().splitlines()
 
 
 def call_in(line, place):
@@ -60,20 +66,18 @@ def call_in(line, place):
         return None
     texts = re.findall(r'"((?:[^"\\]|\\.)*)"', arguments)
     descriptors = re.findall(r"\d+<([^>]*)>", arguments)
-    opened = re.match(r'AT_FDCWD<[^>]*>, "|"', arguments)
+    by_name = re.match(r'AT_FDCWD<[^>]*>, "|"', arguments) and name != "getcwd"
     if name == "newfstatat":
         name = "lstat" if "AT_SYMLINK_NOFOLLOW" in arguments else "fstat" if "AT_EMPTY_PATH" in arguments else name
-    names = texts if opened else descriptors
-    if name in ("getcwd", "uname"):
-        names = []
+    names = texts if by_name else descriptors if name != "getcwd" else []
     names = [re.sub(re.escape(place) + "/?", "", text) or "." for text in names]
     names = [re.sub(r"\.korvane\.[0-9A-F]+\.tmp", ".korvane.N.tmp", text) for text in names]
     error = re.match(r"-1 (E\w+)", rest)
     words = " ".join([NAMES.get(name, name)] + names)
-    return words + (f" ({error.group(1)})" if error else "")
+    return Call(words + (f" ({error.group(1)})" if error else ""), bool(by_name))
 
 
-def rows(lines, work):
+def rows(lines):
     """The operations with their group, their words and their calls."""
     marks = []
     calls = None
@@ -99,11 +103,11 @@ def together(calls):
     """The calls in their order, and a run of the same call once, with its number."""
     result = []
     for call in calls:
-        if result and result[-1][0] == call:
+        if result and result[-1][0] == call.words:
             result[-1][1] += 1
         else:
-            result.append([call, 1])
-    return ", ".join(f"`{call}`" + (f" × {times}" if times > 1 else "") for call, times in result) or "none"
+            result.append([call.words, 1])
+    return ", ".join(f"`{words}`" + (f" × {times}" if times > 1 else "") for words, times in result) or "none"
 
 
 def versions(program):
@@ -116,11 +120,11 @@ def versions(program):
 def page_of(program):
     text = HEAD.format(**versions(program))
     group = ""
-    for row_group, words, calls in rows(*traced(program)):
+    for row_group, words, calls in rows(traced(program)):
         if row_group != group:
             group = row_group
-            text += f"\n## {group}\n\n| operation | calls | which |\n|---|---:|---|\n"
-        text += f"| {words} | {len(calls)} | {together(calls)} |\n"
+            text += f"\n## {group}\n\n| operation | calls | by name | which |\n|---|---:|---:|---|\n"
+        text += f"| {words} | {len(calls)} | {sum(call.by_name for call in calls)} | {together(calls)} |\n"
     return text
 
 
