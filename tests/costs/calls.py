@@ -17,7 +17,7 @@ import tempfile
 import typing
 
 NAMES = {"newfstatat": "stat", "openat": "open", "getdents64": "getdents"}
-# What the C and C++ libraries ask for by themselves: memory and locks.
+# What the C and C++ libraries call by themselves: memory and locks.
 LEFT_OUT = re.compile(r"brk|mmap|munmap|mremap|mprotect|madvise|futex|rt_sig.*|getrandom|prlimit64")
 
 HEAD = """# System calls by operation
@@ -26,7 +26,7 @@ Written by `scripts/calls.sh` from a trace with {libc} and {boost}; nothing here
 
 Each operation ran once, in a directory of its own on tmpfs. The third column counts the calls that are given a name;
 the others are given a descriptor, shown with the name that was opened, or nothing. A call that failed is shown with its
-error. `N` stands for the number of a temporary name. A directory that is read to its end takes two `getdents` or more,
+error. `N` replaces the number of a temporary name. A directory that is read to its end takes two `getdents` or more,
 of which the last finds no more entries. Calls for memory and locks are left out.
 """
 

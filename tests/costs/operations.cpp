@@ -1,5 +1,5 @@
-// Each operation once, on names in a directory of its own, between two writes to no file: what stands between them in a
-// trace is what the operation asks of the system.
+// Each operation once, on names in a directory of its own, between two writes to no file: what a trace has between them
+// are the system calls of the operation.
 
 #include <ccl/fio/fio.h>
 #include <fcntl.h>
@@ -36,7 +36,7 @@ void iterate(char const* directory) {
   }
 }
 
-void walk(char const* filespec) {
+void scan(char const* filespec) {
   _finddata_t entry;
   long const handle = FIO_FILE_SYSTEM::findfirst(filespec, &entry);
   while (FIO_FILE_SYSTEM::findnext(handle, &entry) == 0) {
@@ -55,7 +55,7 @@ void ignore(Arguments const&... /*results*/) {}
 using files = FIO_FILE_SYSTEM;
 
 std::vector<operation> const operations = {
-    {"Paths", "`FIO_PATH(text)`, reading and editing", {}, [] { FIO_PATH("a/b.c").filename("d.e").cd("../x"); }},
+    {"Paths", "`FIO_PATH(string)`, reading and editing", {}, [] { FIO_PATH("a/b.c").filename("d.e").cd("../x"); }},
     {"Paths", "`become_absolute(\"/x\")`", {}, [] { FIO_PATH("a/b").become_absolute("/x"); }},
     {"Paths", "`become_absolute(\"\")`", {}, [] { FIO_PATH("a/b").become_absolute(""); }},
     {"Paths", "`a == b`, different file names", {}, [] { ignore(FIO_PATH("/a/b") == FIO_PATH("/a/c")); }},
@@ -116,8 +116,8 @@ std::vector<operation> const operations = {
      {"d/e/"},
      [] { files::remove_empty_subdirectories("d", false); }},
 
-    {"Iterating", "`findfirst` and `findnext` over `d/*`, one file", {"d/a"}, [] { walk("d/*"); }},
-    {"Iterating", "`findfirst` and `findnext` over `d/*.v`, one of two files", {"d/a.v", "d/b"}, [] { walk("d/*.v"); }},
+    {"Iterating", "`findfirst` and `findnext` over `d/*`, one file", {"d/a"}, [] { scan("d/*"); }},
+    {"Iterating", "`findfirst` and `findnext` over `d/*.v`, one of two files", {"d/a.v", "d/b"}, [] { scan("d/*.v"); }},
     {"Iterating",
      "`FIO_DIRECTORY_ITERATOR(\"d\")`, two files",
      {"d/a", "d/b"},

@@ -11,13 +11,13 @@ import sys
 
 # What a row of the page is about, and the workload that has its figures.
 ROWS = [
-    ("`FIO_PATH(text)`", "path.construct"),
+    ("`FIO_PATH(string)`", "path.construct"),
     ("a copy of a path", "path.copy"),
     ("moving a path away and back", "path.move"),
     ("assigning a string to a path", "path.assign"),
     ("`filename(\"memory/fifo.v\")`, which appends a directory", "edit.append"),
     ("`filename(name)`", "edit.filename"),
-    ("`extension(text, \"\")`", "edit.extension"),
+    ("`extension(string, \"\")`", "edit.extension"),
     ("a copy and `become_simplified()`, nothing to do", "simplify.clean"),
     ("a copy and `become_simplified()`, with \".\" or \"..\"", "simplify.dotted"),
     ("a copy and `become_absolute(\"\")`", "absolute.current"),
