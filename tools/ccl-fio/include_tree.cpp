@@ -13,7 +13,7 @@
 #include <set>
 
 #include "ccl/fio/fio_file_sys.h"
-#include "tools/ccl-fio/includes.h"
+#include "tools/ccl-fio/include_scanner.h"
 #include "tools/ccl-fio/json.h"
 #include "tools/ccl-fio/output.h"
 #include "tools/ccl-fio/search.h"
@@ -85,13 +85,13 @@ private:
       return;
     }
     m_above.push_back(real);
-    for (include_line const& line : include_lines_of(*content)) {
+    for (include_directive const& line : scan_includes(*content)) {
       file.includes.push_back(follow(line, file.path));
     }
     m_above.pop_back();
   }
 
-  node follow(include_line const& line, std::string const& including) {
+  node follow(include_directive const& line, std::string const& including) {
     node included = {line.name, line.line};
     if (line.is_macro) {
       included.found = state::macro;
