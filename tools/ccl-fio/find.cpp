@@ -98,7 +98,9 @@ void write_for_people(std::vector<result> const& results, bool all_columns) {
   for (result const& found : results) {
     bool const missing = found.path.empty();
     auto& row = contents.rows.emplace_back();
-    row = {{found.name}, missing ? cell{"not found", style::bad} : cell{found.path}};
+    row.reserve(contents.columns.size());
+    row.push_back({found.name});
+    row.push_back(missing ? cell{"not found", style::bad} : cell{found.path});
     append_facts(row, missing ? type_facts() : facts_of(found.path));
     for (std::string const& path : found.hidden) {
       auto& hidden = contents.rows.emplace_back();

@@ -34,14 +34,9 @@ int columns_of(character const& first) {
   return ::wcwidth(static_cast<wchar_t>(first.code));
 }
 
-/// Whether each byte of a text is a character of one column.
+/// Whether each byte of a text is a character of one column, and is written as it is.
 bool is_plain(std::string_view text) {
-  for (char const byte : text) {
-    if (byte < 0x20 || byte == 0x7F) {
-      return false;
-    }
-  }
-  return true;
+  return std::none_of(text.begin(), text.end(), [](char byte) { return byte < 0x20 || byte == 0x7F || byte == '\\'; });
 }
 
 std::string escape(character const& first) {
@@ -52,6 +47,8 @@ std::string escape(character const& first) {
     return "\\r";
   case '\t':
     return "\\t";
+  case '\\':
+    return "\\\\";
   default:
     break;
   }
@@ -74,11 +71,27 @@ bool has_colours(std::FILE* stream) {
 
 constexpr std::size_t gap = 2;
 
-/// A column as it is written: escaped, with the width of its widest text and of its longest word.
+/// A text as it is written, and its columns on a terminal.
+struct shown_text {
+  std::string_view text;
+  std::size_t width;
+};
+
+shown_text measured(std::string_view text) { return {text, width_of(text)}; }
+
+/// A text as it is written: itself, or its escaped form, which `room` holds.
+shown_text shown(std::string_view text, std::string& room) {
+  if (is_plain(text)) {
+    return {text, text.size()};
+  }
+  room = escaped(text);
+  return measured(room);
+}
+
+/// A column as it is written, with the width of its widest text and of its longest word.
 struct written_column {
-  column const* heading = nullptr;
+  std::size_t index = 0; ///< in the table
   std::string title;
-  std::vector<std::string> texts;
   std::size_t width = 0;
   std::size_t least_width = 0;
 };
@@ -99,37 +112,39 @@ std::size_t longest_word_of(std::string_view text) {
 
 written_column write_column(table const& contents, std::size_t index) {
   constexpr std::size_t narrowest = 24;
-  written_column result;
-  result.heading = &contents.columns[index];
-  result.title = capitals(result.heading->title);
+  column const& heading = contents.columns[index];
+  written_column result = {index, capitals(heading.title)};
   result.width = result.least_width = width_of(result.title);
-  result.texts.reserve(contents.rows.size());
+  std::string room;
+  char const* last = nullptr;
   for (std::vector<cell> const& row : contents.rows) {
-    std::string const& text = result.texts.emplace_back(escaped(row[index].text));
-    std::size_t const width = width_of(text);
-    bool const may_break = result.heading->wraps && width > narrowest;
+    // Rows of one type have the very same texts.
+    if (row[index].text.data() == last) {
+      continue;
+    }
+    last = row[index].text.data();
+    auto const [text, width] = shown(row[index].text, room);
+    bool const may_break = heading.wraps && width > narrowest;
     result.width = std::max(result.width, width);
     result.least_width = std::max(result.least_width, may_break ? std::max(longest_word_of(text), narrowest) : width);
   }
   return result;
 }
 
-/// A table as it is written, and the places of its columns in the table.
+/// A table as it is written: the columns that have something to show.
 struct layout {
   std::vector<written_column> columns;
-  std::vector<std::size_t> indices;
   std::size_t essential = 0;
 };
 
 layout lay_out(table const& contents) {
   layout result;
-  for (std::size_t column = 0; column != contents.columns.size(); ++column) {
+  for (std::size_t index = 0; index != contents.columns.size(); ++index) {
     bool const has_text = std::any_of(contents.rows.begin(), contents.rows.end(),
-                                      [column](std::vector<cell> const& row) { return !row[column].text.empty(); });
-    if (has_text || column == 0 || contents.keeps_empty_columns) {
-      result.columns.push_back(write_column(contents, column));
-      result.indices.push_back(column);
-      result.essential += column < contents.essential ? 1 : 0;
+                                      [index](std::vector<cell> const& row) { return !row[index].text.empty(); });
+    if (has_text || index == 0 || contents.keeps_empty_columns) {
+      result.columns.push_back(write_column(contents, index));
+      result.essential += index < contents.essential ? 1 : 0;
     }
   }
   return result;
@@ -162,13 +177,13 @@ std::vector<std::size_t> fitting_widths(layout const& form, std::size_t needed, 
 /// A line of a table, whose cells are added from left to right.
 class table_line {
 public:
-  void add(std::string_view text, style look, std::size_t width) {
-    if (!text.empty()) {
+  void add(shown_text const& shown, style look, std::size_t width) {
+    if (!shown.text.empty()) {
       m_line.append(m_blanks, ' ');
-      m_line += styled(text, look, stdout);
+      look == style::plain ? m_line.append(shown.text) : m_line.append(styled(shown.text, look, stdout));
       m_blanks = 0;
     }
-    m_blanks += width + gap - width_of(text);
+    m_blanks += width + gap - shown.width;
   }
 
   void end() {
@@ -184,43 +199,54 @@ private:
 };
 
 /// Writes a row, on several lines if a text has to be broken.
-void write_row(std::vector<cell> const& row, layout const& form, std::size_t index,
-               std::vector<std::size_t> const& widths) {
-  table_line line;
-  std::vector<std::vector<std::string>> parts(widths.size());
+void write_row(std::vector<cell> const& row, layout const& form, std::vector<std::size_t> const& widths,
+               table_line& line) {
+  std::string room;
+  std::vector<std::vector<std::string>> parts; // of the texts that are broken, if there is one
   std::size_t height = 1;
   for (std::size_t i = 0; i != widths.size(); ++i) {
-    std::string const& text = form.columns[i].texts[index];
-    if (width_of(text) > widths[i]) {
-      parts[i] = wrapped(text, widths[i]);
+    cell const& one = row[form.columns[i].index];
+    shown_text first = shown(one.text, room);
+    if (first.width > widths[i]) {
+      parts.resize(widths.size());
+      parts[i] = wrapped(first.text, widths[i]);
       height = std::max(height, parts[i].size());
+      first = measured(parts[i].front());
     }
-    line.add(parts[i].empty() ? text : parts[i].front(), row[form.indices[i]].look, widths[i]);
+    line.add(first, one.look, widths[i]);
   }
   line.end();
   for (std::size_t part = 1; part != height; ++part) {
     for (std::size_t i = 0; i != widths.size(); ++i) {
-      line.add(part < parts[i].size() ? parts[i][part] : "", row[form.indices[i]].look, widths[i]);
+      line.add(measured(part < parts[i].size() ? parts[i][part] : ""), row[form.columns[i].index].look, widths[i]);
     }
     line.end();
   }
 }
 
-void write_block(std::vector<cell> const& row, layout const& form, std::size_t index, std::size_t needed,
+/// Writes a cell of a block behind its label. What may not be broken has a line of its own if there is no room beside.
+void write_labelled(std::string const& label, bool wraps, std::string_view text, style look, std::size_t width) {
+  std::size_t const room = width > label.size() ? width - label.size() : 1;
+  std::string start = label;
+  if (std::size_t const needed = width_of(text); !wraps && needed > room && needed < width) {
+    write(label.substr(0, label.find_last_not_of(' ') + 1) + '\n');
+    start = std::string(std::min<std::size_t>(4, width - needed), ' ');
+  }
+  for (std::string const& line : wraps ? wrapped(text, room) : std::vector<std::string>{std::string(text)}) {
+    write(start + styled(line, look, stdout) + '\n');
+    start.assign(label.size(), ' ');
+  }
+}
+
+void write_block(std::vector<cell> const& row, table const& contents, layout const& form, std::size_t needed,
                  std::size_t width) {
-  write(styled(form.columns.front().texts[index], style::heading, stdout) + '\n');
+  std::string room;
+  write(styled(shown(row[form.columns.front().index].text, room).text, style::heading, stdout) + '\n');
   for (std::size_t i = 1; i != needed; ++i) {
-    written_column const& shown = form.columns[i];
-    std::string const& text = shown.texts[index];
-    if (text.empty()) {
-      continue;
-    }
-    std::string const label = "  " + shown.heading->title + ": ";
-    std::size_t const room = width > label.size() ? width - label.size() : 1;
-    std::string start = label;
-    for (std::string const& line : shown.heading->wraps ? wrapped(text, room) : std::vector<std::string>{text}) {
-      write(start + styled(line, row[form.indices[i]].look, stdout) + '\n');
-      start.assign(label.size(), ' ');
+    column const& heading = contents.columns[form.columns[i].index];
+    cell const& one = row[form.columns[i].index];
+    if (!one.text.empty()) {
+      write_labelled("  " + heading.title + ": ", heading.wraps, shown(one.text, room).text, one.look, width);
     }
   }
 }
@@ -264,7 +290,7 @@ std::string escaped(std::string_view text) {
   std::string result;
   while (!text.empty()) {
     character const first = first_character(text);
-    columns_of(first) < 0 ? result += escape(first) : result.append(text.substr(0, first.size));
+    columns_of(first) < 0 || first.code == '\\' ? result += escape(first) : result.append(text.substr(0, first.size));
     text.remove_prefix(first.size);
   }
   return result;
@@ -331,18 +357,18 @@ void write_table(table const& contents, bool all) {
   std::size_t const needed = all ? form.columns.size() : form.essential;
   std::vector<std::size_t> const widths = fitting_widths(form, needed, width);
   if (widths.empty()) {
-    for (std::size_t i = 0; i != contents.rows.size(); ++i) {
-      write_block(contents.rows[i], form, i, needed, width);
+    for (std::vector<cell> const& row : contents.rows) {
+      write_block(row, contents, form, needed, width);
     }
     return;
   }
-  table_line titles;
+  table_line line;
   for (std::size_t i = 0; i != widths.size(); ++i) {
-    titles.add(form.columns[i].title, style::heading, widths[i]);
+    line.add(measured(form.columns[i].title), style::heading, widths[i]);
   }
-  titles.end();
-  for (std::size_t i = 0; i != contents.rows.size(); ++i) {
-    write_row(contents.rows[i], form, i, widths);
+  line.end();
+  for (std::vector<cell> const& row : contents.rows) {
+    write_row(row, form, widths, line);
   }
 }
 

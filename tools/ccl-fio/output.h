@@ -7,8 +7,10 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <deque>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tool {
@@ -35,8 +37,8 @@ void finish_output();
 /// stands before the message.
 void complain(std::string_view kind, std::string_view message);
 
-/// `text` with control characters, characters that change the direction of writing, and bytes that are no UTF-8 as
-/// escapes: `\n`, `\t`, `\x1b`, `\u202e`.
+/// `text` with control characters, characters that change the direction of writing, bytes that are no UTF-8, and
+/// backslashes as escapes: `\n`, `\t`, `\x1b`, `\u202e`, `\\`. Different texts have different escaped forms.
 std::string escaped(std::string_view text);
 
 /// The columns that a text takes on a terminal. `text` is escaped.
@@ -61,7 +63,7 @@ struct column {
 };
 
 struct cell {
-  std::string text; ///< as it is; it is escaped where it is written
+  std::string_view text; ///< as it is; it is escaped where it is written
   style look = style::plain;
 };
 
@@ -70,7 +72,11 @@ struct table {
   std::vector<column> columns;
   std::size_t essential = 1;
   std::vector<std::vector<cell>> rows;
-  bool keeps_empty_columns = false; ///< otherwise a column without any text is left out
+  bool keeps_empty_columns = false;   ///< otherwise a column without any text is left out
+  std::deque<std::string> texts = {}; ///< of cells, where nothing else owns them
+
+  /// A text that lives as long as the table.
+  std::string_view keep(std::string text) { return texts.emplace_back(std::move(text)); }
 };
 
 /// Writes a table within the width of the output: as many columns as there is room for, or all of them with `all`. Where

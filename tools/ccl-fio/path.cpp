@@ -103,7 +103,7 @@ json to_json(version const& one) {
   return object;
 }
 
-std::string fault_of(version const& one) { return one.path ? "too long for a path" : "not found"; }
+char const* fault_of(version const& one) { return one.path ? "too long for a path" : "not found"; }
 
 /// Versions of a path beside each other, a component on each line.
 void write_side_by_side(std::vector<version> const& versions) {
@@ -116,7 +116,7 @@ void write_side_by_side(std::vector<version> const& versions) {
     contents.columns.push_back({one.heading});
     std::vector<component> const texts = components_of(is_usable(one) ? *one.path : FIO_PATH());
     for (std::size_t i = 0; i != texts.size(); ++i) {
-      contents.rows[i].push_back({is_usable(one) ? texts[i].text : ""});
+      contents.rows[i].push_back({contents.keep(is_usable(one) ? texts[i].text : "")});
     }
     if (!is_usable(one)) {
       contents.rows.front().back() = {fault_of(one), style::bad};
@@ -140,7 +140,7 @@ void write_parts(std::vector<std::string> const& names, bool all_columns) {
       continue;
     }
     for (component const& part : components_of(*one.path)) {
-      row.push_back({part.text});
+      row.push_back({contents.keep(part.text)});
     }
   }
   write_table(contents, all_columns);
@@ -163,7 +163,7 @@ exit_status run_same(std::vector<std::string> const& names, bool as_json) {
     compared.become_absolute("");
     compared.become_simplified();
     std::string const real = FIO_PATH::canonical(name).get_value_or("");
-    contents.rows.push_back({{name}, {compared.fullpath()}, {real}});
+    contents.rows.push_back({{name}, {contents.keep(compared.fullpath())}, {contents.keep(real)}});
     object["names"].push_back({{"name", name_to_json(name)},
                                {"compared_as", name_to_json(compared.fullpath())},
                                {"real_location", name_or_null(real)}});

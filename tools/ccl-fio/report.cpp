@@ -65,7 +65,8 @@ void report::write_for_people() const {
   table contents = {{{"what"}, {"path"}, {"why", true}}, 3, {}};
   for (step const& one : m_steps) {
     if (one.what != outcome::changed || m_dry_run || m_format.all_columns) {
-      contents.rows.push_back({{word_of(one.what), looks[static_cast<int>(one.what)]}, {one.path}, {one.reason}});
+      contents.rows.push_back(
+          {{contents.keep(word_of(one.what)), looks[static_cast<int>(one.what)]}, {one.path}, {one.reason}});
     }
   }
   write_table(contents, true);

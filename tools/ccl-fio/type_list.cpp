@@ -160,7 +160,7 @@ void write_text(section const& part) {
   for (json const& row : part.rows) {
     auto& cells = contents.rows.emplace_back();
     std::transform(row.begin(), row.end(), std::back_inserter(cells),
-                   [](json const& value) { return cell{text_of(value)}; });
+                   [&contents](json const& value) { return cell{contents.keep(text_of(value))}; });
   }
   write(styled(part.title, style::heading, stdout) + "\n\n");
   write_table(contents, false);

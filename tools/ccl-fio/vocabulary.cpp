@@ -47,19 +47,19 @@ std::string class_name_of(FIO_FILE_TYPE type) {
   return document == nullptr ? std::string() : document->name;
 }
 
-std::vector<cell> cells_of(type_facts const& facts) {
+std::vector<std::string> texts_of(type_facts const& facts) {
   FIO_FILE_TYPE const type = facts.type;
   if (!is_known(facts)) {
-    return std::vector<cell>(fact_columns().size());
+    return std::vector<std::string>(fact_columns().size());
   }
-  return {{fio_get_file_type_name(type)},
-          {fio_get_extension_string(facts.extension)},
-          {editor_of(type)},
-          {std::to_string(type)},
-          {fio_get_file_description(type)},
-          {class_name_of(type)},
-          {joined(traits_of(type))},
-          {fio_get_file_type_filter(type, true)}};
+  return {fio_get_file_type_name(type),
+          fio_get_extension_string(facts.extension),
+          editor_of(type),
+          std::to_string(type),
+          fio_get_file_description(type),
+          class_name_of(type),
+          joined(traits_of(type)),
+          fio_get_file_type_filter(type, true)};
 }
 
 json object_of(type_facts const& facts) {
@@ -175,8 +175,9 @@ std::vector<column> fact_columns() {
 }
 
 void append_facts(std::vector<cell>& row, type_facts const& facts) {
-  std::vector<cell> const& cells = remembered<std::vector<cell>, cells_of>(facts);
-  row.insert(row.end(), cells.begin(), cells.end());
+  for (std::string const& text : remembered<std::vector<std::string>, texts_of>(facts)) {
+    row.push_back({text});
+  }
 }
 
 void append_facts(json& object, type_facts const& facts) { object.update(remembered<json, object_of>(facts)); }
