@@ -6,10 +6,22 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
+#include "ccl/fio/fio_path.h"
 #include "tools/ccl-fio/suggestion.h"
 
 namespace tool {
+
+namespace {
+
+void remove_suffix(std::string_view& text, char suffix) {
+  if (!text.empty() && text.back() == suffix) {
+    text.remove_suffix(1);
+  }
+}
+
+} // namespace
 
 void add_format_options(CLI::App& subcommand, format_options& format) {
   auto* const json = subcommand.add_flag("--json", format.json, "write JSON");
@@ -18,6 +30,14 @@ void add_format_options(CLI::App& subcommand, format_options& format) {
   auto* const all = subcommand.add_flag("-l,--long", format.all_columns, "write all that there is to say");
   json->excludes(zero);
   all->excludes(zero)->excludes(json);
+}
+
+void add_anchor(CLI::App& subcommand, std::string const& option, std::optional<std::string>& directory,
+                std::string const& description) {
+  auto const fault_of = [](std::string const& given) {
+    return FIO_PATH(given).absolute() ? std::string() : fmt::format("\"{}\" is not an absolute path", given);
+  };
+  subcommand.add_option(option, directory, description)->type_name("DIR")->check(CLI::Validator(fault_of, ""));
 }
 
 void add_names(CLI::App& subcommand, std::string const& description) {
@@ -59,9 +79,9 @@ std::vector<std::string> required_names_of(CLI::App& subcommand, invocation cons
 
 std::vector<std::string> expand_names(std::vector<std::string> const& names, bool zero) {
   std::vector<std::string> result;
-  for (std::string const& name : names) {
-    if (name != "-") {
-      result.push_back(name);
+  for (std::string const& given : names) {
+    if (given != "-") {
+      result.push_back(given);
       continue;
     }
     char* line = nullptr;
@@ -69,9 +89,13 @@ std::vector<std::string> expand_names(std::vector<std::string> const& names, boo
     char const end = zero ? '\0' : '\n';
     ssize_t length = 0;
     while ((length = ::getdelim(&line, &room, end, stdin)) > 0) {
-      length -= line[length - 1] == end ? 1 : 0;
-      if (length != 0) {
-        result.emplace_back(line, static_cast<std::size_t>(length));
+      std::string_view name(line, static_cast<std::size_t>(length));
+      remove_suffix(name, end);
+      if (!zero) {
+        remove_suffix(name, '\r');
+      }
+      if (!name.empty()) {
+        result.emplace_back(name);
       }
     }
     std::free(line);

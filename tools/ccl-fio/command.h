@@ -4,6 +4,7 @@
 #ifndef CCL_TOOLS_COMMAND_H
 #define CCL_TOOLS_COMMAND_H
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -38,6 +39,10 @@ struct format_options {
 /// Adds `--json`, `-0` and `--long`.
 void add_format_options(CLI::App& subcommand, format_options& format);
 
+/// Adds an option for a directory that has to be absolute.
+void add_anchor(CLI::App& subcommand, std::string const& option, std::optional<std::string>& directory,
+                std::string const& description);
+
 /// Says in the help that a subcommand takes names, which `names_of` returns.
 void add_names(CLI::App& subcommand, std::string const& description);
 
@@ -52,8 +57,8 @@ std::vector<std::string> names_of(CLI::App& subcommand, invocation const& call);
 /// The same, of which there has to be one.
 std::vector<std::string> required_names_of(CLI::App& subcommand, invocation const& call);
 
-/// `names`, with those that standard input holds in the place of a "-": one on each line, or each ended by a NUL with
-/// `zero`. Empty ones are passed over.
+/// `names`, with those that standard input holds in the place of a "-": one on each line, which may end as on Windows, or
+/// each ended by a NUL with `zero`. Empty ones are passed over.
 ///
 /// @throws std::runtime_error if standard input cannot be read
 std::vector<std::string> expand_names(std::vector<std::string> const& names, bool zero);

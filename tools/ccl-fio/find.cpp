@@ -1,6 +1,7 @@
-// find: takes names over a search path, as a tool does with its sources, and tells where each was found and what it is.
+// find: takes names over a search path, as a tool does with its sources, and prints where each was found and what it is.
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <iterator>
 #include <list>
 #include <memory>
 #include <optional>
@@ -69,7 +71,9 @@ void append_results(std::string const& name, find_options const& given, FIO_FIND
       find.find_all(name, split(*given.extensions, ','), &places, false, false);
     }
     for (FIO_PATH const& place : places) {
-      results.push_back({name, place.fullpath(), {}});
+      if (!FIO_PATH::is_dot_directory(place.filename())) {
+        results.push_back({name, place.fullpath(), {}});
+      }
     }
   } else if (given.shadowed) {
     std::vector<std::string> places = search.all(name);
@@ -81,6 +85,12 @@ void append_results(std::string const& name, find_options const& given, FIO_FIND
   }
   if (results.size() == before) {
     results.push_back({name, "", {}});
+  }
+  for (std::size_t i = before; i != results.size(); ++i) {
+    find.make_path_absolute_if_relative(&results[i].path);
+    for (std::string& hidden : results[i].hidden) {
+      find.make_path_absolute_if_relative(&hidden);
+    }
   }
 }
 
@@ -136,27 +146,36 @@ void write_records(std::vector<result> const& results) {
 
 // The subcommand
 
-/// Warns of directories that are missing, and refuses a search path without any.
-void check_directories(FIO_FIND const& find, std::string const& search_path) {
-  std::size_t usable = 0;
-  for (FIO_PATH const& directory : find.m_search_list) {
-    std::string const text = directory.fullpath();
-    errno = 0;
-    if (directory.is_legal_length() && FIO_FILE_SYSTEM::is_directory(text.c_str())) {
-      ++usable;
-    } else {
-      complain("warning", fmt::format("search path: {}: {}", text, std::strerror(errno != 0 ? errno : ENOTDIR)));
-    }
+/// Whether names can be looked for in a directory. A warning says why not.
+bool is_searchable(FIO_PATH const& directory) {
+  std::string const text = directory.fullpath();
+  errno = 0;
+  bool const searchable =
+      directory.is_legal_length() && FIO_FILE_SYSTEM::is_directory(text.c_str()) && ::access(text.c_str(), X_OK) == 0;
+  if (!searchable) {
+    complain("warning", fmt::format("search path: {}: {}", text, std::strerror(errno != 0 ? errno : ENOTDIR)));
   }
-  if (usable == 0) {
-    throw usage_error(fmt::format("no directory of the search path \"{}\" exists", search_path));
+  return searchable;
+}
+
+bool is_blank(std::string const& text) { return text.find_first_not_of(" \t\r\n") == std::string::npos; }
+
+/// Warns of what cannot be searched, and refuses a search path of nothing else.
+void check_directories(FIO_FIND const& find, std::string const& search_path) {
+  // The library stops at an element that is blank and not empty.
+  std::vector<std::string> const elements = split(search_path, ';');
+  auto const stop = std::find_if(elements.begin(), elements.end(),
+                                 [](std::string const& element) { return !element.empty() && is_blank(element); });
+  if (!std::all_of(stop, elements.end(), is_blank)) {
+    complain("warning", "search path: the directories behind a blank element are not searched");
+  }
+  if (std::count_if(find.m_search_list.begin(), find.m_search_list.end(), is_searchable) == 0) {
+    throw usage_error(fmt::format("no directory of the search path \"{}\" can be searched", search_path));
   }
 }
 
-void check_options(find_options const& given, FIO_FIND& find) {
-  if (given.absolute_to && !find.set_directory_for_results_to_become_absolute_to(given.absolute_to->c_str())) {
-    throw usage_error(fmt::format("--absolute-to: \"{}\" is no absolute directory", *given.absolute_to));
-  }
+/// A name with a wildcard is a pattern only for a search for all.
+void check_names(find_options const& given) {
   if (given.extensions || given.includes) {
     return;
   }
@@ -167,7 +186,7 @@ void check_options(find_options const& given, FIO_FIND& find) {
   }
 }
 
-/// Adds all subdirectories. Those that cannot be read are left out with a warning.
+/// Appends all subdirectories. Those that cannot be read are left out with a warning.
 void add_subdirectories(FIO_FIND& find) try {
   find.m_recursive = true;
   find.add_subdirs();
@@ -192,10 +211,15 @@ exit_status run(find_options given) {
   FIO_FIND find(given.search_path, false);
   check_directories(find, given.search_path);
   if (given.recursive) {
+    auto const last = std::prev(find.m_search_list.end());
     add_subdirectories(find);
+    std::for_each(std::next(last), find.m_search_list.end(), is_searchable);
+  }
+  if (given.absolute_to) {
+    find.set_directory_for_results_to_become_absolute_to(given.absolute_to->c_str());
   }
   given.names = expand_names(given.names, given.format.zero);
-  check_options(given, find);
+  check_names(given);
   if (given.includes) {
     return write_include_trees(find, given.names, given.beside, given.format);
   }
@@ -229,8 +253,7 @@ void add_find(CLI::App& application, invocation& call) {
   all->type_name("EXT,EXT...");
   auto* const shadowed =
       find.add_flag("--shadowed", given->shadowed, "list also the files further on that each hit hides");
-  find.add_option("--absolute-to", given->absolute_to, "make relative results absolute to this directory")
-      ->type_name("DIR");
+  add_anchor(find, "--absolute-to", given->absolute_to, "make relative results absolute to this directory");
   auto* const includes = find.add_flag("--includes", given->includes,
                                        "the names are Verilog or SystemVerilog sources: find what they include, and "
                                        "what that includes");
@@ -239,6 +262,7 @@ void add_find(CLI::App& application, invocation& call) {
   add_names(find, "a file name, or a path below a directory of the search path; - for standard input");
   shadowed->excludes(all)->excludes(includes);
   all->excludes(includes);
+  includes->excludes(find.get_option("--long"));
   find.callback([given, &find, &call] {
     given->names = required_names_of(find, call);
     call.status = run(*given);

@@ -54,7 +54,7 @@ std::optional<std::string> content_of(std::string const& path) {
 
 class tree_maker {
 public:
-  tree_maker(FIO_FIND const& find, bool beside) : m_search(find), m_beside(beside) {}
+  tree_maker(FIO_FIND const& find, bool beside) : m_find(find), m_search(find), m_beside(beside) {}
 
   node make(std::string const& source) {
     node root = {source, 0, source};
@@ -85,41 +85,44 @@ private:
       return;
     }
     m_above.push_back(real);
-    for (include_directive const& line : scan_includes(*content)) {
-      file.includes.push_back(follow(line, file.path));
+    for (include_directive const& directive : scan_includes(*content)) {
+      file.includes.push_back(follow(directive, file.path));
     }
     m_above.pop_back();
   }
 
-  node follow(include_directive const& line, std::string const& including) {
-    node included = {line.name, line.line};
-    if (line.is_macro) {
+  node follow(include_directive const& directive, std::string const& including) {
+    node included = {directive.name, directive.line};
+    if (directive.is_macro) {
       included.found = state::macro;
       return included;
     }
-    std::string const own = own_place_of(line.name, including);
+    std::string const own = own_place_of(directive.name, including);
     if (!own.empty() && FIO_FILE_SYSTEM::exists(own.c_str())) {
       included.path = own;
-    } else if (!FIO_PATH(line.name).absolute()) {
-      included.path = m_search.first(line.name);
+    } else if (!FIO_PATH(directive.name).absolute()) {
+      included.path = m_search.first(directive.name);
     }
     if (!included.path.empty()) {
       read(included);
+      m_find.make_path_absolute_if_relative(&included.path);
       return included;
     }
     included.found = state::missing;
     if (!own.empty()) {
       included.looked_at.push_back(own);
     }
-    if (!FIO_PATH(line.name).absolute()) {
-      std::vector<std::string> const places = m_search.places(line.name);
+    if (!FIO_PATH(directive.name).absolute()) {
+      std::vector<std::string> const places = m_search.places(directive.name);
       std::copy_if(places.begin(), places.end(), std::back_inserter(included.looked_at),
                    [&own](std::string const& place) { return place != own; });
     }
+    std::for_each(included.looked_at.begin(), included.looked_at.end(),
+                  [this](std::string& place) { m_find.make_path_absolute_if_relative(&place); });
     return included;
   }
 
-  /// The place of a name that does not depend on the search path, or an empty text.
+  /// The place of a name that does not depend on the search path, or an empty string.
   std::string own_place_of(std::string const& name, std::string const& including) const {
     if (FIO_PATH(name).absolute()) {
       return name;
@@ -127,6 +130,7 @@ private:
     return m_beside ? FIO_PATH(including).filename(name).fullpath() : std::string();
   }
 
+  FIO_FIND const& m_find;
   name_search m_search;
   bool m_beside;
   std::vector<std::string> m_above; ///< the files that are being read
@@ -154,7 +158,7 @@ std::string remark_on(node const& file) {
   case state::missing:
     return "not found";
   case state::macro:
-    return "a macro tells the name";
+    return "a macro gives the name";
   case state::unreadable:
     return "cannot be read: " + file.reason;
   case state::too_deep:

@@ -16,7 +16,7 @@ namespace tool {
 /// once.
 ///
 /// @param beside whether the directory of the including file comes before the search path
-/// @return `not_all` if a source cannot be read, or an include is missing or told by a macro
+/// @return `not_all` if a source cannot be read, or an include is missing or given by a macro
 exit_status write_include_trees(FIO_FIND const& find, std::vector<std::string> const& sources, bool beside,
                                 format_options const& format);
 

@@ -194,7 +194,8 @@ exit_status run(path_options const& given) {
   for (std::string const& name : names) {
     std::vector<version> const versions = versions_of(name, given);
     version const& result = versions.back();
-    status = is_usable(versions.front()) && is_usable(result) ? status : not_all;
+    bool const is_unrelated = given.relative_to && result.path->absolute() == versions.front().path->absolute();
+    status = is_usable(versions.front()) && is_usable(result) && !is_unrelated ? status : not_all;
     if (given.format.json) {
       json object = {{"name", name_to_json(name)}};
       for (version const& one : versions) {
@@ -230,12 +231,17 @@ void add_path(CLI::App& application, invocation& call) {
   CLI::App& path = *application.add_subcommand("path", "take paths apart, and show what becomes of them");
   path.add_flag("--simplify", given->simplify, "remove . and .., by both ways that the library has");
   path.add_flag("--absolute", given->absolute, "anchor a relative path at the current directory");
-  path.add_option("--absolute-to", given->absolute_to, "anchor a relative path at this directory")->type_name("DIR");
-  path.add_option("--relative-to", given->relative_to, "the path as seen from this directory")->type_name("DIR");
+  add_anchor(path, "--absolute-to", given->absolute_to, "anchor a relative path at this directory");
+  add_anchor(path, "--relative-to", given->relative_to, "the path as seen from this directory");
   path.add_flag("--canonical", given->canonical, "where the file really is, links resolved");
   auto* const same = path.add_flag("--same", given->same, "say whether two paths are the same");
   add_format_options(path, given->format);
   same->excludes(path.get_option("--null"));
+  // An operation shows all parts anyway.
+  for (char const* const operation :
+       {"--simplify", "--absolute", "--absolute-to", "--relative-to", "--canonical", "--same"}) {
+    path.get_option(operation)->excludes(path.get_option("--long"));
+  }
   add_names(path, "a path; - for standard input");
   path.callback([given, &path, &call] {
     given->names = required_names_of(path, call);

@@ -21,7 +21,7 @@ bool is_findable(std::string const& name) {
   return wanted.is_legal_length() && !wanted.filename().empty();
 }
 
-name_search::name_search(FIO_FIND const& find) : m_find(find) {
+name_search::name_search(FIO_FIND const& find) {
   for (FIO_PATH const& directory : find.m_search_list) {
     if (directory.is_legal_length()) {
       m_directories.push_back(directory.fullpath());
@@ -62,7 +62,6 @@ std::string name_search::first(std::string const& name) const {
     }
     return exists;
   });
-  m_find.make_path_absolute_if_relative(&found);
   return found;
 }
 
@@ -71,8 +70,6 @@ std::vector<std::string> name_search::all(std::string const& name) const {
   found.erase(std::remove_if(found.begin(), found.end(),
                              [](std::string const& place) { return !FIO_FILE_SYSTEM::exists(place.c_str()); }),
               found.end());
-  std::for_each(found.begin(), found.end(),
-                [this](std::string& place) { m_find.make_path_absolute_if_relative(&place); });
   return found;
 }
 

@@ -181,7 +181,7 @@ void write_answers(std::vector<answer> const& answers, bool named, format_option
 
 exit_status run_list(type_options const& given) {
   selection const picked = select(given);
-  write_lists(picked, given.format.json ? "json" : given.list_format);
+  write_lists(picked, given.format.json ? "json" : given.list_format, given.format.all_columns);
   return picked.types.empty() ? not_all : done;
 }
 
@@ -208,7 +208,8 @@ exit_status run_names(type_options const& given) {
 
 exit_status run(type_options const& given) {
   if (given.html) {
-    if (given.list || given.selects() || !given.names.empty() || given.format.json || given.format.zero) {
+    if (given.list || given.selects() || !given.names.empty() || given.format.json || given.format.zero ||
+        given.format.all_columns) {
       throw usage_error("type: --html writes all types, and takes nothing besides");
     }
     write(type_page());
@@ -241,12 +242,12 @@ void add_type(CLI::App& application, invocation& call) {
   auto* const list = type.add_flag("--list", given->list,
                                    "write the vocabulary, or what belongs to the selected types: types, extensions, "
                                    "editors, traits and document classes");
-  type.add_option("--format", given->list_format, "how to write the list: text, json or markdown")
-      ->needs(list)
-      ->type_name("FORMAT")
-      ->check(CLI::IsMember({"text", "json", "markdown"}));
+  auto* const form = type.add_option("--format", given->list_format, "how to write the list: text, json or markdown");
+  form->needs(list)->type_name("FORMAT")->check(CLI::IsMember({"text", "json", "markdown"}));
   type.add_flag("--html", given->html, "write all types as a page for a browser, in which one can search");
   add_format_options(type, given->format);
+  list->excludes(type.get_option("--null"));
+  form->excludes(type.get_option("--json"))->excludes(type.get_option("--long"));
   type.callback([given, &type, &call] {
     given->names = names_of(type, call);
     call.status = run(*given);

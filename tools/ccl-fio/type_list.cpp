@@ -152,7 +152,7 @@ std::string words_of(std::string key) {
   return key;
 }
 
-void write_text(section const& part) {
+void write_text(section const& part, bool all_columns) {
   table contents = {{}, part.rows.front().size() > 3 ? std::size_t{3} : part.rows.front().size(), {}};
   for (auto const& [key, value] : part.rows.front().items()) {
     contents.columns.push_back({words_of(key), true});
@@ -163,7 +163,7 @@ void write_text(section const& part) {
                    [&contents](json const& value) { return cell{contents.keep(text_of(value))}; });
   }
   write(styled(part.title, style::heading, stdout) + "\n\n");
-  write_table(contents, false);
+  write_table(contents, all_columns);
 }
 
 // Stars, underscores and bars mean something in Markdown.
@@ -203,7 +203,7 @@ void write_json(std::vector<section> const& sections) {
 
 } // namespace
 
-void write_lists(selection const& picked, std::string const& format) {
+void write_lists(selection const& picked, std::string const& format, bool all_columns) {
   std::vector<section> const sections = sections_of(picked);
   if (format == "json") {
     write_json(sections);
@@ -226,7 +226,7 @@ void write_lists(selection const& picked, std::string const& format) {
       write_markdown(part);
     } else {
       write(gap);
-      write_text(part);
+      write_text(part, all_columns);
       gap = "\n";
     }
   }

@@ -18,8 +18,9 @@ struct selection {
   bool whole = true; ///< nothing was asked for in particular
 };
 
-/// Writes a selection in one of the formats "text", "json" and "markdown".
-void write_lists(selection const& picked, std::string const& format);
+/// Writes a selection in one of the formats "text", "json" and "markdown". As text it has as many columns as there is room
+/// for, unless all are asked for.
+void write_lists(selection const& picked, std::string const& format, bool all_columns);
 
 } // namespace tool
 
