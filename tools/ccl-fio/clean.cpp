@@ -3,11 +3,13 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <ctime>
-#include <limits>
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -50,38 +52,49 @@ public:
       : m_given(given), m_limit(std::time(nullptr) - seconds_of(given.older_than)),
         m_report("removed", given.dry_run, given.format) {}
 
-  void clean_tree(std::string const& path) {
-    tree_entry const root = entry_at(without_separator(path), m_given.follow);
-    if (root.error != 0) {
-      m_report.add(outcome::failed, path, std::strerror(root.error));
-    } else if (root.is_link && !m_given.follow) {
-      m_report.add(outcome::failed, path, "a link, which only --follow enters");
-    } else if (!root.is_directory()) {
-      m_report.add(outcome::failed, path, std::strerror(ENOTDIR));
-    } else {
-      clean_directory(root);
+  void clean_trees(std::vector<std::string> const& paths) {
+    std::vector<tree_entry> roots;
+    for (std::string const& path : paths) {
+      roots.push_back(entry_at(without_separator(path), m_given.follow));
+      m_roots.insert(roots.back().id());
     }
+    std::for_each(roots.begin(), roots.end(), [this](tree_entry const& root) { clean_tree(root); });
   }
 
   exit_status finish() { return m_report.write(); }
 
 private:
-  /// Whether anything stays in it.
+  void clean_tree(tree_entry const& root) {
+    if (root.error != 0) {
+      m_report.add(outcome::failed, root.path, std::strerror(root.error));
+    } else if (root.is_link && !m_given.follow) {
+      m_report.add(outcome::failed, root.path, "a link, which only --follow enters");
+    } else if (!root.is_directory()) {
+      m_report.add(outcome::failed, root.path, std::strerror(ENOTDIR));
+    } else {
+      clean_directory(root);
+    }
+  }
+
+  /// Whether anything stays in it, or it stays itself. Whichever way leads to a directory again, it is cleaned once.
   bool clean_directory(tree_entry const& directory) {
-    if (!m_open.enter(directory)) {
-      m_report.add(outcome::kept, directory.path, "a link to a directory that it is in");
-      return true;
+    auto const [visit, is_first] = m_visits.try_emplace(directory.id(), true);
+    if (!is_first) {
+      if (directory.is_link) {
+        m_report.add(outcome::kept, directory.path, "a link to a directory that is cleaned anyway");
+      }
+      return visit->second;
     }
     int error = 0;
     std::vector<tree_entry> const entries = entries_of(directory.path, m_given.follow, error);
-    bool stays = error != 0;
+    bool stays = error != 0 || m_roots.count(directory.id()) != 0;
     if (error != 0) {
-      m_report.add(outcome::failed, directory.path, std::strerror(error));
+      fail(directory.path, error);
     }
     for (tree_entry const& entry : entries) {
       stays = clean_entry(entry) || stays;
     }
-    m_open.leave();
+    visit->second = stays;
     return stays;
   }
 
@@ -91,33 +104,51 @@ private:
       bool const holds_something = clean_directory(entry);
       return holds_something || entry.is_link || !m_given.empty || !remove(entry);
     }
-    if (entry.is_link) {
-      if (m_given.format.all_columns) {
-        m_report.add(outcome::kept, entry.path, "a link");
-      }
+    if (m_given.temporary && FIO_FILE_SYSTEM::same_file(entry.name.c_str(), m_given.pattern.c_str())) {
+      return clean_temporary(entry);
+    }
+    if (entry.is_link && entry_at(entry.path, true).is_directory()) {
+      m_report.add(outcome::kept, entry.path, "a link, which only --follow enters");
+    }
+    return true;
+  }
+
+  bool clean_temporary(tree_entry const& file) {
+    std::string const reason = file.is_link                      ? "a link"
+                               : !file.is_file()                 ? "not a regular file"
+                               : file.status.st_mtime >= m_limit ? "not older than " + m_given.older_than
+                                                                 : "";
+    if (!reason.empty()) {
+      m_report.add(outcome::kept, file.path, reason);
       return true;
     }
-    bool const is_temporary =
-        m_given.temporary && entry.is_file() && FIO_FILE_SYSTEM::same_file(entry.name.c_str(), m_given.pattern.c_str());
-    if (is_temporary && entry.status.st_mtime >= m_limit && m_given.format.all_columns) {
-      m_report.add(outcome::kept, entry.path, "not older than " + m_given.older_than);
-    }
-    return !is_temporary || entry.status.st_mtime >= m_limit || !remove(entry);
+    return !remove(file);
   }
 
   bool remove(tree_entry const& entry) {
-    if (!m_given.dry_run && !FIO_FILE_SYSTEM::remove(entry.path.c_str())) {
-      m_report.add(outcome::failed, entry.path, std::strerror(errno));
+    int const error = m_given.dry_run                               ? change_error(entry.path)
+                      : FIO_FILE_SYSTEM::remove(entry.path.c_str()) ? 0
+                                                                    : errno;
+    if (error != 0) {
+      fail(entry.path, error);
       return false;
     }
     m_report.add(outcome::changed, entry.path);
     return true;
   }
 
+  /// What somebody else has removed meanwhile is no failure.
+  void fail(std::string const& path, int error) {
+    if (error != ENOENT) {
+      m_report.add(outcome::failed, path, std::strerror(error));
+    }
+  }
+
   clean_options const& m_given;
   long m_limit;
   report m_report;
-  open_directories m_open;
+  std::set<file_id> m_roots;
+  std::map<file_id, bool> m_visits; ///< whether anything stays in the directories so far
 };
 
 exit_status run(clean_options const& given) {
@@ -125,9 +156,7 @@ exit_status run(clean_options const& given) {
     throw usage_error("clean: --temporary or --empty says what is to go");
   }
   cleaner work(given);
-  for (std::string const& name : expand_names(given.names, given.format.zero)) {
-    work.clean_tree(name);
-  }
+  work.clean_trees(expand_names(given.names, given.format.zero));
   return work.finish();
 }
 
@@ -137,7 +166,9 @@ void add_clean(CLI::App& application, invocation& call) {
   auto const given = std::make_shared<clean_options>();
   CLI::App& clean = *application.add_subcommand("clean", "remove old temporary files and empty directories");
   auto* const temporary = clean.add_flag("-t,--temporary", given->temporary, "remove temporary files");
-  clean.add_option("--older-than", given->older_than, "their least age: 90s, 30m, 12h or 2d; a day if it is not given")
+  clean
+      .add_option("--older-than", given->older_than,
+                  "remove only those that were last modified longer ago: 90s, 30m, 12h or 2d; a day if it is not given")
       ->needs(temporary)
       ->type_name("AGE");
   clean.add_option("--pattern", given->pattern, "the names of temporary files; .korvane.*.tmp if it is not given")

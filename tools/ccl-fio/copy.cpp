@@ -1,12 +1,14 @@
 // copy: copies files and trees with their times, and says what was left out and why.
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -62,35 +64,49 @@ public:
   exit_status finish() { return m_report.write(); }
 
 private:
-  /// Whether there is a directory, made now or not.
-  bool has_directory(std::string const& path) {
-    tree_entry const there = entry_at(path, m_given.follow || path == without_separator(m_given.target));
-    if (there.is_directory()) {
-      return true;
+  /// What stands at a target, or would stand there behind the steps of a dry run.
+  tree_entry target_at(std::string const& path, bool follow) const {
+    tree_entry entry = entry_at(path, follow);
+    auto const planned = m_planned.find(path);
+    if (entry.error == ENOENT && planned != m_planned.end()) {
+      entry.error = 0;
+      entry.status.st_mode = planned->second;
     }
-    if (there.error == ENOENT) {
-      return m_given.dry_run || make_directory(path);
-    }
-    m_report.add(outcome::failed, path, there.is_link ? "a link, which only --follow enters" : std::strerror(ENOTDIR));
-    return false;
+    return entry;
   }
 
-  bool make_directory(std::string const& path) {
-    if (path != without_separator(m_given.target)) {
-      bool const made = FIO_FILE_SYSTEM::mkdir(path.c_str()) == 0;
-      if (!made) {
-        m_report.add(outcome::failed, path, std::strerror(errno));
+  /// Whether there is a directory, made now or not.
+  bool has_directory(std::string const& path) {
+    tree_entry const there = target_at(path, m_given.follow || path == without_separator(m_given.target));
+    std::string const fault = there.is_directory()    ? ""
+                              : there.error == ENOENT ? fault_of_making(path)
+                              : there.is_link         ? "a link, which only --follow enters"
+                                                      : std::strerror(ENOTDIR);
+    if (!fault.empty()) {
+      m_report.add(outcome::failed, path, fault);
+    }
+    return fault.empty();
+  }
+
+  /// Makes a directory. Why that fails, or an empty string.
+  std::string fault_of_making(std::string const& path) {
+    if (m_given.dry_run) {
+      int const error = change_error(path);
+      if (error == 0) {
+        m_planned.emplace(path, S_IFDIR);
       }
-      return made;
+      return error == 0 ? "" : std::strerror(error);
+    }
+    if (path != without_separator(m_given.target)) {
+      return FIO_FILE_SYSTEM::mkdir(path.c_str()) == 0 ? "" : std::strerror(errno);
     }
     if (FIO_FILE_SYSTEM::create(path)) {
-      return true;
+      return "";
     }
     // `create` leaves no cause behind; the standard library does, where it fails as well.
     std::error_code why;
     std::filesystem::create_directories(path, why);
-    m_report.add(outcome::failed, path, why ? why.message() : "cannot be made");
-    return false;
+    return why ? why.message() : "cannot be made";
   }
 
   void copy_contents(tree_entry const& directory, std::string const& target) {
@@ -135,33 +151,49 @@ private:
       m_report.add(outcome::left, source, "a name with a wildcard");
       return;
     }
-    tree_entry const there = entry_at(target, false);
+    tree_entry const there = target_at(target, false);
     if (there.error != ENOENT && (there.is_directory() || !m_given.overwrite)) {
       m_report.add(there.is_directory() ? outcome::failed : outcome::kept, target,
                    there.is_directory() ? std::strerror(EISDIR) : "exists already");
       return;
     }
     // The target would be removed first.
-    if (there.error == 0 && there.is_same_as(file)) {
+    if (there.error == 0 && there.id() == file.id()) {
       m_report.add(outcome::failed, source, "the source and the target are the same file");
       return;
     }
-    errno = 0;
-    if (!m_given.dry_run && !FIO_FILE_SYSTEM::copy(source, target, m_given.overwrite, !m_given.no_times)) {
-      int const error = errno;
-      // What is left of a file that was not there would be kept by the next copy.
-      if (there.error == ENOENT) {
-        FIO_FILE_SYSTEM::remove(target.c_str());
-      }
-      m_report.add(outcome::failed, source, error != 0 ? std::strerror(error) : "cannot be copied");
-      return;
+    int const error = m_given.dry_run ? plan_file(source, target) : copy_data(source, target, there.error == ENOENT);
+    if (error != 0) {
+      m_report.add(outcome::failed, source, error > 0 ? std::strerror(error) : "cannot be copied");
+    } else {
+      m_report.add(outcome::changed, target);
     }
-    m_report.add(outcome::changed, target);
+  }
+
+  /// Why a file cannot be copied, or 0.
+  int plan_file(std::string const& source, std::string const& target) {
+    m_planned.emplace(target, S_IFREG);
+    return ::access(source.c_str(), R_OK) != 0 ? errno : change_error(target);
+  }
+
+  /// The cause of a failure, -1 for one that is not known, or 0.
+  int copy_data(std::string const& source, std::string const& target, bool is_new) {
+    errno = 0;
+    if (FIO_FILE_SYSTEM::copy(source, target, m_given.overwrite, !m_given.no_times)) {
+      return 0;
+    }
+    int const error = errno;
+    // What is left of a file that was not there would be kept by the next copy.
+    if (is_new) {
+      FIO_FILE_SYSTEM::remove(target.c_str());
+    }
+    return error != 0 ? error : -1;
   }
 
   copy_options const& m_given;
   report m_report;
   open_directories m_open;
+  std::map<std::string, mode_t> m_planned; ///< what a dry run would have made
 };
 
 /// The files that a name stands for: itself, or those that match it if there is no such file.
@@ -189,6 +221,9 @@ std::vector<std::string> matches_of(std::string const& name) {
 }
 
 exit_status run(copy_options const& given) {
+  if (given.target.empty()) {
+    throw usage_error("copy: the directory of --to has no name");
+  }
   std::vector<std::string> sources;
   for (std::string const& name : expand_names(given.names, given.format.zero)) {
     std::vector<std::string> const matches = matches_of(name);

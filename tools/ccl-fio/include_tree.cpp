@@ -167,18 +167,28 @@ std::string remark_on(node const& file) {
   return "";
 }
 
+/// Writes a remark behind the name on its line, or below it where there is no room.
+void write_line(std::string const& name, style look, std::size_t indent, std::string const& remark) {
+  std::size_t const width = output_width();
+  write(std::string(indent, ' ') + styled(name, look, stdout));
+  if (remark.empty() || indent + width_of(name) + 2 + width_of(remark) <= width) {
+    write(remark.empty() ? "\n" : "  " + styled(remark, style::faint, stdout) + '\n');
+    return;
+  }
+  write("\n");
+  for (std::string const& part : wrapped(remark, width > indent + 4 ? width - indent - 4 : 1)) {
+    write(std::string(indent + 4, ' ') + styled(part, style::faint, stdout) + '\n');
+  }
+}
+
 void write_for_people(node const& file, std::size_t depth) {
   bool const wrong = file.found != state::read && file.found != state::repeated;
-  std::string line(2 * depth, ' ');
-  line += styled(escaped(file.path.empty() ? file.name : file.path), wrong ? style::bad : style::plain, stdout);
   std::string remark = file.line != 0 ? fmt::format("line {}", file.line) : std::string();
   if (std::string const found = remark_on(file); !found.empty()) {
     remark.append(remark.empty() ? "" : ", ").append(found);
   }
-  if (!remark.empty()) {
-    line += "  " + styled("(" + remark + ")", style::faint, stdout);
-  }
-  write(line + '\n');
+  write_line(escaped(file.path.empty() ? file.name : file.path), wrong ? style::bad : style::plain, 2 * depth,
+             remark.empty() ? remark : "(" + remark + ")");
   for (std::string const& place : file.looked_at) {
     write(std::string(2 * depth + 4, ' ') + "no " + escaped(place) + '\n');
   }

@@ -10,6 +10,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ccl/fio/fio_version.h"
@@ -26,11 +27,28 @@ public:
     return entry(make_option_name(option, is_positional) + make_option_opts(option), make_option_desc(option));
   }
 
+  std::string make_description(CLI::App const* application) const override {
+    return lines_of(application->get_description());
+  }
+
+  std::string make_usage(CLI::App const* application, std::string name) const override {
+    std::string const usage = CLI::Formatter::make_usage(application, std::move(name));
+    return lines_of(usage.substr(0, usage.find_last_not_of('\n') + 1));
+  }
+
   std::string make_subcommand(CLI::App const* subcommand) const override {
     return entry(subcommand->get_name(), subcommand->get_description());
   }
 
 private:
+  static std::string lines_of(std::string const& text) {
+    std::string result;
+    for (std::string const& line : tool::wrapped(text, tool::output_width())) {
+      result += line + '\n';
+    }
+    return result;
+  }
+
   static std::string entry(std::string const& name, std::string const& description) {
     constexpr std::size_t column = 26;
     std::size_t const width = tool::output_width();

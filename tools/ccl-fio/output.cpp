@@ -224,17 +224,20 @@ void write_row(std::vector<cell> const& row, layout const& form, std::vector<std
   }
 }
 
-/// Writes a cell of a block behind its label. What may not be broken has a line of its own if there is no room beside.
-void write_labelled(std::string const& label, bool wraps, std::string_view text, style look, std::size_t width) {
-  std::size_t const room = width > label.size() ? width - label.size() : 1;
-  std::string start = label;
-  if (std::size_t const needed = width_of(text); !wraps && needed > room && needed < width) {
-    write(label.substr(0, label.find_last_not_of(' ') + 1) + '\n');
-    start = std::string(std::min<std::size_t>(4, width - needed), ' ');
+/// Writes a cell of a block behind its title, or below it if only there is room for what may not be broken.
+void write_labelled(column const& heading, std::string_view text, style look, std::size_t width) {
+  std::string const label = "  " + heading.title + ':';
+  std::size_t const widest = heading.wraps ? longest_word_of(text) : width_of(text);
+  std::size_t indent = label.size() + 1;
+  std::string start = label + ' ';
+  if (indent + widest > width && widest <= width) {
+    indent = std::min<std::size_t>(4, width - widest);
+    start = label + '\n' + std::string(indent, ' ');
   }
-  for (std::string const& line : wraps ? wrapped(text, room) : std::vector<std::string>{std::string(text)}) {
+  std::size_t const room = width > indent ? width - indent : 1;
+  for (std::string const& line : heading.wraps ? wrapped(text, room) : std::vector<std::string>{std::string(text)}) {
     write(start + styled(line, look, stdout) + '\n');
-    start.assign(label.size(), ' ');
+    start.assign(indent, ' ');
   }
 }
 
@@ -246,7 +249,7 @@ void write_block(std::vector<cell> const& row, table const& contents, layout con
     column const& heading = contents.columns[form.columns[i].index];
     cell const& one = row[form.columns[i].index];
     if (!one.text.empty()) {
-      write_labelled("  " + heading.title + ": ", heading.wraps, shown(one.text, room).text, one.look, width);
+      write_labelled(heading, shown(one.text, room).text, one.look, width);
     }
   }
 }

@@ -64,7 +64,8 @@ void report::write_for_people() const {
   constexpr style looks[] = {style::good, style::faint, style::bad, style::bad};
   table contents = {{{"what"}, {"path"}, {"why", true}}, 3, {}};
   for (step const& one : m_steps) {
-    if (one.what != outcome::changed || m_dry_run || m_format.all_columns) {
+    bool const is_missing = one.what == outcome::left || one.what == outcome::failed;
+    if (is_missing || m_dry_run || m_format.all_columns) {
       contents.rows.push_back(
           {{contents.keep(word_of(one.what)), looks[static_cast<int>(one.what)]}, {one.path}, {one.reason}});
     }

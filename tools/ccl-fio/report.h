@@ -36,7 +36,7 @@ public:
 
   void add(outcome what, std::string path, std::string reason = "");
 
-  /// Writes what was done: for people only what is worth knowing and a summary, unless they want all.
+  /// Writes what was done: for people what is missing and a summary, with all steps in a dry run or if they want all.
   ///
   /// @return `not_all` if anything was left out or failed
   exit_status write();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 
 #include "ccl/fio/fio_iterator.h"
 
@@ -26,7 +27,7 @@ tree_entry entry_at(std::string const& path, bool follow) {
 
 std::vector<tree_entry> entries_of(std::string const& directory, bool follow, int& error) {
   std::vector<tree_entry> entries;
-  // The iterator does not tell a directory that cannot be read from an empty one.
+  // To the iterator a directory that cannot be read is empty.
   error = ::access(directory.c_str(), R_OK | X_OK) == 0 ? 0 : errno;
   if (error == 0) {
     for (FIO_DIRECTORY_ENTRY const& entry : FIO_DIRECTORY_ITERATOR(directory.c_str())) {
@@ -40,11 +41,21 @@ std::vector<tree_entry> entries_of(std::string const& directory, bool follow, in
 
 bool open_directories::enter(tree_entry const& directory) {
   bool const is_open = std::any_of(m_open.begin(), m_open.end(),
-                                   [&directory](tree_entry const& open) { return open.is_same_as(directory); });
+                                   [&directory](tree_entry const& open) { return open.id() == directory.id(); });
   if (!is_open) {
     m_open.push_back(directory);
   }
   return !is_open;
+}
+
+int change_error(std::string const& path) {
+  std::filesystem::path directory = path;
+  int error = 0;
+  do {
+    directory = directory.parent_path();
+    error = ::access((directory / ".").c_str(), W_OK | X_OK) == 0 ? 0 : errno;
+  } while (error == ENOENT && !directory.empty());
+  return error;
 }
 
 std::string without_separator(std::string path) {

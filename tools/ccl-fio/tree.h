@@ -7,9 +7,13 @@
 #include <sys/stat.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tool {
+
+/// Tells files apart, whatever their names.
+using file_id = std::pair<dev_t, ino_t>;
 
 /// What stands somewhere.
 struct tree_entry {
@@ -21,9 +25,7 @@ struct tree_entry {
 
   bool is_directory() const { return error == 0 && S_ISDIR(status.st_mode); }
   bool is_file() const { return error == 0 && S_ISREG(status.st_mode); }
-  bool is_same_as(tree_entry const& other) const {
-    return status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino;
-  }
+  file_id id() const { return {status.st_dev, status.st_ino}; }
 };
 
 /// What stands at `path`. A link is itself unless `follow`.
@@ -42,6 +44,9 @@ public:
 private:
   std::vector<tree_entry> m_open;
 };
+
+/// Why nothing can be made or removed at `path`, or 0. Of directories that are missing above it, those that exist count.
+int change_error(std::string const& path);
 
 /// `path` without separators at its end, but for the root.
 std::string without_separator(std::string path);
