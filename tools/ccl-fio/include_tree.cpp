@@ -167,17 +167,18 @@ std::string remark_on(node const& file) {
   return "";
 }
 
-/// Writes a remark behind the name on its line, or below it where there is no room.
+/// Writes a remark behind the name on its line, or below it if only there is room.
 void write_line(std::string const& name, style look, std::size_t indent, std::string const& remark) {
   std::size_t const width = output_width();
+  std::size_t const below = indent + 4;
   write(std::string(indent, ' ') + styled(name, look, stdout));
-  if (remark.empty() || indent + width_of(name) + 2 + width_of(remark) <= width) {
-    write(remark.empty() ? "\n" : "  " + styled(remark, style::faint, stdout) + '\n');
+  if (remark.empty() || indent + width_of(name) + 2 + remark.size() <= width || below >= width) {
+    write((remark.empty() ? "" : "  ") + styled(remark, style::faint, stdout) + '\n');
     return;
   }
   write("\n");
-  for (std::string const& part : wrapped(remark, width > indent + 4 ? width - indent - 4 : 1)) {
-    write(std::string(indent + 4, ' ') + styled(part, style::faint, stdout) + '\n');
+  for (std::string const& part : wrapped(remark, width - below)) {
+    write(std::string(below, ' ') + styled(part, style::faint, stdout) + '\n');
   }
 }
 
