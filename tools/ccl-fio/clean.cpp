@@ -1,4 +1,4 @@
-// clean: removes temporary files by age, and directories that are empty, and says what could not go and why.
+// clean: removes temporary files by age, and directories that are empty, and prints what could not be removed and why.
 
 #include <fmt/format.h>
 
@@ -41,7 +41,7 @@ long seconds_of(std::string const& age) {
   long const factor = unit == "s" ? 1 : unit == "m" ? 60 : unit == "h" ? 3600 : unit == "d" ? 86400 : 0;
   digits = digits == std::string::npos ? age.size() : digits;
   if (digits == 0 || digits > 10 || factor == 0) {
-    throw usage_error(fmt::format("--older-than: \"{}\" is no age such as 90s, 30m, 12h or 2d", age));
+    throw usage_error(fmt::format("--older-than: \"{}\" is not an age such as 90s, 30m, 12h or 2d", age));
   }
   return std::stol(age.substr(0, digits)) * factor;
 }
@@ -68,7 +68,7 @@ private:
     if (root.error != 0) {
       m_report.add(outcome::failed, root.path, std::strerror(root.error));
     } else if (root.is_link && !m_given.follow) {
-      m_report.add(outcome::failed, root.path, "a link, which only --follow enters");
+      m_report.add(outcome::failed, root.path, "a symbolic link, which only --follow enters");
     } else if (!root.is_directory()) {
       m_report.add(outcome::failed, root.path, std::strerror(ENOTDIR));
     } else {
@@ -81,7 +81,7 @@ private:
     auto const [visit, is_first] = m_visits.try_emplace(directory.id(), true);
     if (!is_first) {
       if (directory.is_link) {
-        m_report.add(outcome::kept, directory.path, "a link to a directory that is cleaned anyway");
+        m_report.add(outcome::kept, directory.path, "a symbolic link to a directory that is cleaned anyway");
       }
       return visit->second;
     }
@@ -108,13 +108,13 @@ private:
       return clean_temporary(entry);
     }
     if (entry.is_link && entry_at(entry.path, true).is_directory()) {
-      m_report.add(outcome::kept, entry.path, "a link, which only --follow enters");
+      m_report.add(outcome::kept, entry.path, "a symbolic link, which only --follow enters");
     }
     return true;
   }
 
   bool clean_temporary(tree_entry const& file) {
-    std::string const reason = file.is_link                      ? "a link"
+    std::string const reason = file.is_link                      ? "a symbolic link"
                                : !file.is_file()                 ? "not a regular file"
                                : file.status.st_mtime >= m_limit ? "not older than " + m_given.older_than
                                                                  : "";
@@ -153,7 +153,7 @@ private:
 
 exit_status run(clean_options const& given) {
   if (!given.temporary && !given.empty) {
-    throw usage_error("clean: --temporary or --empty says what is to go");
+    throw usage_error("clean: --temporary, --empty or both are required");
   }
   cleaner work(given);
   work.clean_trees(expand_names(given.names, given.format.zero));
@@ -168,17 +168,17 @@ void add_clean(CLI::App& application, invocation& call) {
   auto* const temporary = clean.add_flag("-t,--temporary", given->temporary, "remove temporary files");
   clean
       .add_option("--older-than", given->older_than,
-                  "remove only those that were last modified longer ago: 90s, 30m, 12h or 2d; a day if it is not given")
+                  "remove only those older than this: 90s, 30m, 12h or 2d; the default is 1d")
       ->needs(temporary)
       ->type_name("AGE");
-  clean.add_option("--pattern", given->pattern, "the names of temporary files; .korvane.*.tmp if it is not given")
+  clean.add_option("--pattern", given->pattern, "the names of temporary files; the default is .korvane.*.tmp")
       ->needs(temporary)
       ->type_name("PATTERN");
   clean.add_flag("-e,--empty", given->empty,
-                 "remove directories in which nothing is left, the given ones themselves excepted");
-  clean.add_flag("-n,--dry-run", given->dry_run, "remove nothing, and say what would go");
-  clean.add_flag("--follow", given->follow, "enter the directories that links lead to");
-  add_format_options(clean, given->format);
+                 "remove directories that are empty or become so, except for the given ones");
+  clean.add_flag("-n,--dry-run", given->dry_run, "remove nothing, and print what would be removed");
+  clean.add_flag("--follow", given->follow, "enter the directories that symbolic links lead to");
+  add_format_options(clean, given->format, "list every file");
   add_names(clean, "a directory to clean with all that is below it; - for standard input");
   clean.callback([given, &clean, &call] {
     given->names = required_names_of(clean, call);

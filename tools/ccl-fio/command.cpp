@@ -23,11 +23,11 @@ void remove_suffix(std::string_view& text, char suffix) {
 
 } // namespace
 
-void add_format_options(CLI::App& subcommand, format_options& format) {
-  auto* const json = subcommand.add_flag("--json", format.json, "write JSON");
+void add_format_options(CLI::App& subcommand, format_options& format, std::string const& long_description) {
+  auto* const json = subcommand.add_flag("--json", format.json, "print JSON");
   auto* const zero = subcommand.add_flag("-0,--null", format.zero,
                                          "names on standard input and results on standard output end with NUL");
-  auto* const all = subcommand.add_flag("-l,--long", format.all_columns, "write all that there is to say");
+  auto* const all = subcommand.add_flag("-l,--long", format.all_columns, long_description);
   json->excludes(zero);
   all->excludes(zero)->excludes(json);
 }

@@ -1,5 +1,5 @@
 /// @file
-/// What the subcommands have in common: how they say that they exist, and the options that each of them has.
+/// What the subcommands have in common: how they are added to the command line, and the options that each of them has.
 
 #ifndef CCL_TOOLS_COMMAND_H
 #define CCL_TOOLS_COMMAND_H
@@ -17,7 +17,7 @@ class App;
 
 namespace tool {
 
-/// Arguments that make no sense.
+/// Arguments that are not valid.
 class usage_error : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
@@ -37,16 +37,16 @@ struct format_options {
 };
 
 /// Adds `--json`, `-0` and `--long`.
-void add_format_options(CLI::App& subcommand, format_options& format);
+void add_format_options(CLI::App& subcommand, format_options& format, std::string const& long_description);
 
 /// Adds an option for a directory that has to be absolute.
 void add_anchor(CLI::App& subcommand, std::string const& option, std::optional<std::string>& directory,
                 std::string const& description);
 
-/// Says in the help that a subcommand takes names, which `names_of` returns.
+/// Lists names in the help of a subcommand, which `names_of` returns.
 void add_names(CLI::App& subcommand, std::string const& description);
 
-/// @throws usage_error if an argument looks like an option that there is not
+/// @throws usage_error if an argument looks like an option and is none
 void refuse_unknown_options(CLI::App& application);
 
 /// The arguments of a subcommand that belong to no option.

@@ -1,4 +1,4 @@
-// copy: copies files and trees with their times, and says what was left out and why.
+// copy: copies files and trees with their times, and prints what was skipped and why.
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -80,7 +80,7 @@ private:
     tree_entry const there = target_at(path, m_given.follow || path == without_separator(m_given.target));
     std::string const fault = there.is_directory()    ? ""
                               : there.error == ENOENT ? fault_of_making(path)
-                              : there.is_link         ? "a link, which only --follow enters"
+                              : there.is_link         ? "a symbolic link, which only --follow enters"
                                                       : std::strerror(ENOTDIR);
     if (!fault.empty()) {
       m_report.add(outcome::failed, path, fault);
@@ -111,11 +111,11 @@ private:
 
   void copy_contents(tree_entry const& directory, std::string const& target) {
     if (directory.is_link && lies_in(directory.path, m_given.target)) {
-      m_report.add(outcome::left, directory.path, "a link to a directory that the target is in");
+      m_report.add(outcome::skipped, directory.path, "a symbolic link to a directory that the target is in");
       return;
     }
     if (!m_open.enter(directory)) {
-      m_report.add(outcome::left, directory.path, "a link to a directory that it is in");
+      m_report.add(outcome::skipped, directory.path, "a symbolic link to a directory that it is in");
       return;
     }
     int error = 0;
@@ -136,9 +136,9 @@ private:
     } else if (entry.is_directory()) {
       copy_contents(entry, target);
     } else if (entry.is_link && !m_given.follow) {
-      m_report.add(outcome::left, entry.path, "a link, which only --follow reads");
+      m_report.add(outcome::skipped, entry.path, "a symbolic link, which only --follow reads");
     } else if (!entry.is_file()) {
-      m_report.add(outcome::left, entry.path, "neither a file nor a directory");
+      m_report.add(outcome::skipped, entry.path, "neither a regular file nor a directory");
     } else {
       copy_file(entry, target);
     }
@@ -148,7 +148,7 @@ private:
     std::string const& source = file.path;
     // The library takes a name with one of these for a pattern.
     if ((source + target).find_first_of("*?") != std::string::npos) {
-      m_report.add(outcome::left, source, "a name with a wildcard");
+      m_report.add(outcome::skipped, source, "a name with a wildcard");
       return;
     }
     tree_entry const there = target_at(target, false);
@@ -222,7 +222,7 @@ std::vector<std::string> matches_of(std::string const& name) {
 
 exit_status run(copy_options const& given) {
   if (given.target.empty()) {
-    throw usage_error("copy: the directory of --to has no name");
+    throw usage_error("copy: --to: the name of the directory is empty");
   }
   std::vector<std::string> sources;
   for (std::string const& name : expand_names(given.names, given.format.zero)) {
@@ -244,11 +244,11 @@ void add_copy(CLI::App& application, invocation& call) {
   copy.add_option("-t,--to", given->target, "the directory to copy into, which is made if it is missing")
       ->required()
       ->type_name("DIR");
-  copy.add_flag("--overwrite", given->overwrite, "replace files that are there already");
-  copy.add_flag("--no-times", given->no_times, "do not keep the times of the files");
-  copy.add_flag("-n,--dry-run", given->dry_run, "copy nothing, and say what would be copied");
-  copy.add_flag("--follow", given->follow, "read what links lead to, and enter the directories that they lead to");
-  add_format_options(copy, given->format);
+  copy.add_flag("--overwrite", given->overwrite, "replace existing files");
+  copy.add_flag("--no-times", given->no_times, "do not preserve the times of the files");
+  copy.add_flag("-n,--dry-run", given->dry_run, "copy nothing, and print what would be copied");
+  copy.add_flag("--follow", given->follow, "follow symbolic links to files and directories");
+  add_format_options(copy, given->format, "list every file");
   add_names(copy, "a file, a directory whose contents are copied, or a pattern of files; - for standard input");
   copy.callback([given, &copy, &call] {
     given->names = required_names_of(copy, call);

@@ -167,7 +167,7 @@ void check_directories(FIO_FIND const& find, std::string const& search_path) {
   auto const stop = std::find_if(elements.begin(), elements.end(),
                                  [](std::string const& element) { return !element.empty() && is_blank(element); });
   if (!std::all_of(stop, elements.end(), is_blank)) {
-    complain("warning", "search path: the directories behind a blank element are not searched");
+    complain("warning", "search path: the directories after a blank element are not searched");
   }
   if (std::count_if(find.m_search_list.begin(), find.m_search_list.end(), is_searchable) == 0) {
     throw usage_error(fmt::format("no directory of the search path \"{}\" can be searched", search_path));
@@ -243,22 +243,23 @@ exit_status run(find_options given) {
 
 void add_find(CLI::App& application, invocation& call) {
   auto const given = std::make_shared<find_options>();
-  CLI::App& find = *application.add_subcommand("find", "find names over a search path, and say what they are");
+  CLI::App& find = *application.add_subcommand("find", "find files over a search path, and print what they are");
   find.add_option("-s,--search-path", given->search_path, "directories to search in this order, separated by \";\"")
       ->required()
       ->type_name("DIR;DIR...");
-  find.add_flag("-r,--recursive", given->recursive, "search all subdirectories too, behind all given directories");
+  find.add_flag("-r,--recursive", given->recursive, "search all subdirectories too, after all given directories");
   auto* const all = find.add_option("-a,--all", given->extensions,
                                     "find each name in all directories, with each of these extensions");
   all->type_name("EXT,EXT...");
-  auto* const shadowed =
-      find.add_flag("--shadowed", given->shadowed, "list also the files further on that each hit hides");
+  auto* const shadowed = find.add_flag("--shadowed", given->shadowed,
+                                       "list also the files of that name in later directories, which each hit hides");
   add_anchor(find, "--absolute-to", given->absolute_to, "make relative results absolute to this directory");
-  auto* const includes = find.add_flag("--includes", given->includes,
-                                       "the names are Verilog or SystemVerilog sources: find what they include, and "
-                                       "what that includes");
-  find.add_flag("--beside", given->beside, "with --includes, look first where the including file is")->needs(includes);
-  add_format_options(find, given->format);
+  auto* const includes =
+      find.add_flag("--includes", given->includes,
+                    "the names are Verilog or SystemVerilog sources: print the tree of what they include");
+  find.add_flag("--beside", given->beside, "with --includes, look first in the directory of the including file")
+      ->needs(includes);
+  add_format_options(find, given->format, "print all columns");
   add_names(find, "a file name, or a path below a directory of the search path; - for standard input");
   shadowed->excludes(all)->excludes(includes);
   all->excludes(includes);

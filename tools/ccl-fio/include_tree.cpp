@@ -154,15 +154,15 @@ std::string remark_on(node const& file) {
   case state::repeated:
     return "shown above";
   case state::loop:
-    return "a loop";
+    return "include loop";
   case state::missing:
     return "not found";
   case state::macro:
-    return "a macro gives the name";
+    return "name given by a macro";
   case state::unreadable:
     return "cannot be read: " + file.reason;
   case state::too_deep:
-    return "too deep to be followed";
+    return "nested too deeply";
   }
   return "";
 }

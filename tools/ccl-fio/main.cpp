@@ -1,4 +1,4 @@
-// ccl-fio: what the library knows of search paths, file types, paths and trees, for the command line.
+// ccl-fio: search paths, file types, paths and directory trees of the library, on the command line.
 
 #include <fmt/format.h>
 
@@ -71,7 +71,7 @@ private:
   }
 };
 
-/// What is wrong with a command line: an argument that nobody knows comes before everything that may follow from it.
+/// What is wrong with a command line. An unknown argument is named before anything that may follow from it.
 std::string fault_of(CLI::App& application, CLI::ParseError const& error) {
   auto const chosen = application.get_subcommands();
   if (!chosen.empty()) {
@@ -92,10 +92,11 @@ tool::exit_status run(int count, char** values) {
   char** const dashes = std::find(values, values + count, std::string_view("--"));
   tool::invocation call;
   call.names_behind_dashes.assign(std::min(dashes + 1, values + count), values + count);
-  CLI::App application("Search paths, file types, paths and trees, as the suite's tools see them.", "ccl-fio");
+  CLI::App application("Search paths, file types, paths and directory trees, as the suite's tools see them.",
+                       "ccl-fio");
   application.formatter(std::make_shared<help_formatter>());
-  application.set_help_flag("-h,--help", "write this and exit");
-  application.set_version_flag("--version", "ccl-fio " CCL_FIO_VERSION_STRING, "write the version and exit");
+  application.set_help_flag("-h,--help", "print this help and exit");
+  application.set_version_flag("--version", "ccl-fio " CCL_FIO_VERSION_STRING, "print the version and exit");
   application.require_subcommand(1);
   tool::add_find(application, call);
   tool::add_type(application, call);

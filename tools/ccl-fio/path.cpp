@@ -55,7 +55,7 @@ std::vector<version> versions_of(std::string const& name, path_options const& gi
   FIO_PATH const path(name);
   std::vector<version> versions = {{"given", path}};
   if (given.simplify) {
-    versions.push_back({"by the old way", simplified(path, true)});
+    versions.push_back({"old algorithm", simplified(path, true)});
     versions.push_back({"simplified", simplified(path, false)});
   } else if (given.absolute || given.absolute_to) {
     FIO_PATH absolute = path;
@@ -228,14 +228,14 @@ exit_status run(path_options const& given) {
 
 void add_path(CLI::App& application, invocation& call) {
   auto const given = std::make_shared<path_options>();
-  CLI::App& path = *application.add_subcommand("path", "take paths apart, and show what becomes of them");
-  path.add_flag("--simplify", given->simplify, "remove . and .., by both ways that the library has");
+  CLI::App& path = *application.add_subcommand("path", "print the parts of paths, or what an operation makes of them");
+  path.add_flag("--simplify", given->simplify, "remove . and .., by both algorithms of the library");
   path.add_flag("--absolute", given->absolute, "anchor a relative path at the current directory");
   add_anchor(path, "--absolute-to", given->absolute_to, "anchor a relative path at this directory");
   add_anchor(path, "--relative-to", given->relative_to, "the path as seen from this directory");
-  path.add_flag("--canonical", given->canonical, "where the file really is, links resolved");
-  auto* const same = path.add_flag("--same", given->same, "say whether two paths are the same");
-  add_format_options(path, given->format);
+  path.add_flag("--canonical", given->canonical, "the absolute path of the file, with symbolic links resolved");
+  auto* const same = path.add_flag("--same", given->same, "compare two paths");
+  add_format_options(path, given->format, "print all parts");
   same->excludes(path.get_option("--null"));
   // An operation shows all parts anyway.
   for (char const* const operation :

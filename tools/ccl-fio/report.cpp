@@ -47,8 +47,8 @@ std::string report::word_of(outcome what) const {
     return m_dry_run ? "would be " + m_action : m_action;
   case outcome::kept:
     return "kept";
-  case outcome::left:
-    return "left out";
+  case outcome::skipped:
+    return "skipped";
   case outcome::failed:
     break;
   }
@@ -64,7 +64,7 @@ void report::write_for_people() const {
   constexpr style looks[] = {style::good, style::faint, style::bad, style::bad};
   table contents = {{{"what"}, {"path"}, {"why", true}}, 3, {}};
   for (step const& one : m_steps) {
-    bool const is_missing = one.what == outcome::left || one.what == outcome::failed;
+    bool const is_missing = one.what == outcome::skipped || one.what == outcome::failed;
     if (is_missing || m_dry_run || m_format.all_columns) {
       contents.rows.push_back(
           {{contents.keep(word_of(one.what)), looks[static_cast<int>(one.what)]}, {one.path}, {one.reason}});
@@ -72,7 +72,7 @@ void report::write_for_people() const {
   }
   write_table(contents, true);
   std::string summary = fmt::format("{} {}", count(outcome::changed), word_of(outcome::changed));
-  for (outcome const what : {outcome::kept, outcome::left, outcome::failed}) {
+  for (outcome const what : {outcome::kept, outcome::skipped, outcome::failed}) {
     if (std::size_t const number = count(what)) {
       summary += fmt::format(", {} {}", number, word_of(what));
     }
@@ -100,7 +100,7 @@ exit_status report::write() {
   } else {
     write_for_people();
   }
-  return count(outcome::left) + count(outcome::failed) == 0 ? done : not_all;
+  return count(outcome::skipped) + count(outcome::failed) == 0 ? done : not_all;
 }
 
 } // namespace tool

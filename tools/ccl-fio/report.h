@@ -18,7 +18,7 @@ namespace tool {
 enum class outcome {
   changed, ///< copied, made or removed, or to be so
   kept,    ///< left as it is, for a reason that is no failure
-  left,    ///< left out, so that something is missing
+  skipped, ///< not done, so that something is missing
   failed,  ///< could not be done
 };
 
@@ -38,7 +38,7 @@ public:
 
   /// Writes what was done: for people what is missing and a summary, with all steps in a dry run or if they want all.
   ///
-  /// @return `not_all` if anything was left out or failed
+  /// @return `not_all` if anything was skipped or failed
   exit_status write();
 
 private:

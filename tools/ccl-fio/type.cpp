@@ -54,7 +54,7 @@ std::vector<Value> meant_by(std::string const& given, std::vector<Value> const& 
   std::copy_if(values.begin(), values.end(), std::back_inserter(meant),
                [&given, text_of](Value value) { return given == std::to_string(value) || given == text_of(value); });
   if (meant.empty()) {
-    throw usage_error(fmt::format("no {} is \"{}\"", what, given));
+    throw usage_error(fmt::format("unknown {} \"{}\"", what, given));
   }
   return meant;
 }
@@ -88,7 +88,7 @@ FIO_FILE_TYPE type_of_class(std::string const& given) {
       return fio_get_file_type(*document.clsid);
     }
   }
-  throw usage_error(fmt::format("no document class is \"{}\"", given));
+  throw usage_error(fmt::format("unknown document class \"{}\"", given));
 }
 
 template <typename Condition>
@@ -134,46 +134,46 @@ selection select(type_options const& given) {
 // Output
 
 /// A name, or nothing for a type that was selected, and what it is.
-struct answer {
+struct result {
   std::string name;
   type_facts facts;
 };
 
-void write_for_people(std::vector<answer> const& answers, bool named, bool all_columns) {
+void write_for_people(std::vector<result> const& results, bool named, bool all_columns) {
   table contents = {{}, named ? std::size_t{2} : std::size_t{1}, {}};
   if (named) {
     contents.columns.push_back({"name"});
   }
   std::vector<column> const facts = fact_columns();
   contents.columns.insert(contents.columns.end(), facts.begin(), facts.end());
-  for (answer const& one : answers) {
+  for (result const& one : results) {
     auto& row = contents.rows.emplace_back();
     if (named) {
       row.push_back({one.name});
     }
     append_facts(row, one.facts);
     if (one.facts.type == FIO_FILE_TYPE_INVALID) {
-      row[named ? 1 : 0] = {"no known type", style::bad};
+      row[named ? 1 : 0] = {"unknown type", style::bad};
     }
   }
   write_table(contents, all_columns);
 }
 
-void write_answers(std::vector<answer> const& answers, bool named, format_options const& format) {
+void write_results(std::vector<result> const& results, bool named, format_options const& format) {
   if (format.json) {
     json list = json::array();
-    for (answer const& one : answers) {
+    for (result const& one : results) {
       json object = named ? json{{"name", name_to_json(one.name)}} : json::object();
       append_facts(object, one.facts);
       list.push_back(std::move(object));
     }
     write_json(list);
   } else if (format.zero) {
-    for (answer const& one : answers) {
+    for (result const& one : results) {
       write_record(one.facts.type == FIO_FILE_TYPE_INVALID ? "" : fio_get_file_type_name(one.facts.type));
     }
   } else {
-    write_for_people(answers, named, format.all_columns);
+    write_for_people(results, named, format.all_columns);
   }
 }
 
@@ -186,23 +186,23 @@ exit_status run_list(type_options const& given) {
 }
 
 exit_status run_selection(type_options const& given) {
-  std::vector<answer> answers;
+  std::vector<result> results;
   for (FIO_FILE_TYPE const type : select(given).types) {
-    answers.push_back({"", {type, fio_get_default_extension_type(type)}});
+    results.push_back({"", {type, fio_get_default_extension_type(type)}});
   }
-  write_answers(answers, false, given.format);
-  return answers.empty() ? not_all : done;
+  write_results(results, false, given.format);
+  return results.empty() ? not_all : done;
 }
 
 exit_status run_names(type_options const& given) {
-  std::vector<answer> answers;
+  std::vector<result> results;
   for (std::string const& name : expand_names(given.names, given.format.zero)) {
     FIO_EXTENSION_TYPE const extension = fio_get_extension_type(name);
-    answers.push_back({name, {fio_get_file_type(extension), extension}});
+    results.push_back({name, {fio_get_file_type(extension), extension}});
   }
-  write_answers(answers, true, given.format);
-  bool const all = std::none_of(answers.begin(), answers.end(),
-                                [](answer const& one) { return one.facts.type == FIO_FILE_TYPE_INVALID; });
+  write_results(results, true, given.format);
+  bool const all = std::none_of(results.begin(), results.end(),
+                                [](result const& one) { return one.facts.type == FIO_FILE_TYPE_INVALID; });
   return all ? done : not_all;
 }
 
@@ -210,7 +210,7 @@ exit_status run(type_options const& given) {
   if (given.html) {
     if (given.list || given.selects() || !given.names.empty() || given.format.json || given.format.zero ||
         given.format.all_columns) {
-      throw usage_error("type: --html writes all types, and takes nothing besides");
+      throw usage_error("type: --html prints all types, and takes no name and no other option");
     }
     write(type_page());
     return done;
@@ -228,7 +228,7 @@ exit_status run(type_options const& given) {
 
 void add_type(CLI::App& application, invocation& call) {
   auto const given = std::make_shared<type_options>();
-  CLI::App& type = *application.add_subcommand("type", "say what a file is, or which types there are");
+  CLI::App& type = *application.add_subcommand("type", "print what a file is, or list file types");
   add_names(type, "a file name, or an extension; - for standard input");
   for (CLI::Option* const selection :
        {type.add_option("-t,--type", given->type, "the file type of this number or name"),
@@ -240,12 +240,12 @@ void add_type(CLI::App& application, invocation& call) {
     selection->type_name("VALUE");
   }
   auto* const list = type.add_flag("--list", given->list,
-                                   "write the vocabulary, or what belongs to the selected types: types, extensions, "
-                                   "editors, traits and document classes");
-  auto* const form = type.add_option("--format", given->list_format, "how to write the list: text, json or markdown");
+                                   "list the types, extensions, editors, traits and document classes: all, or those of "
+                                   "the selected types");
+  auto* const form = type.add_option("--format", given->list_format, "the format of the list: text, json or markdown");
   form->needs(list)->type_name("FORMAT")->check(CLI::IsMember({"text", "json", "markdown"}));
-  type.add_flag("--html", given->html, "write all types as a page for a browser, in which one can search");
-  add_format_options(type, given->format);
+  type.add_flag("--html", given->html, "print all types as an HTML page with a search");
+  add_format_options(type, given->format, "print all columns");
   list->excludes(type.get_option("--null"));
   form->excludes(type.get_option("--json"))->excludes(type.get_option("--long"));
   type.callback([given, &type, &call] {

@@ -87,7 +87,7 @@ json object_of(type_facts const& facts) {
   return object;
 }
 
-/// What `Make` says of these facts. Many files have one type.
+/// The result of `Make` for these facts, which is made once: many files have one type.
 template <typename Result, Result (*Make)(type_facts const&)>
 Result const& remembered(type_facts const& facts) {
   static std::map<std::pair<int, int>, Result> results;

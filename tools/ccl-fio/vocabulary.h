@@ -1,5 +1,5 @@
 /// @file
-/// What the vocabulary of files says of a type, in words, and the values that it has.
+/// The texts of the vocabulary for a type, and the values that have a text.
 
 #ifndef CCL_TOOLS_VOCABULARY_H
 #define CCL_TOOLS_VOCABULARY_H
@@ -22,7 +22,7 @@ struct document_class {
 /// All document classes.
 std::vector<document_class> const& document_classes();
 
-/// The class whose documents are files of this type, or null. The vocabulary tells types by their class and not the
+/// The class whose documents are files of this type, or null. The vocabulary maps classes to types and not the
 /// other way round, and a class that serves several types stands for the first of them: the others have none here.
 document_class const* class_of(FIO_FILE_TYPE type);
 
@@ -50,7 +50,7 @@ std::vector<FIO_EXTENSION_TYPE> extensions_with(FIO_EXTENSION_TYPE_FLAG trait);
 
 std::string joined(std::vector<std::string> const& texts);
 
-/// What is told of a type. Nothing is told of `FIO_FILE_TYPE_INVALID`.
+/// A type and the extension that it goes by. There are no facts of `FIO_FILE_TYPE_INVALID`.
 struct type_facts {
   FIO_FILE_TYPE type = FIO_FILE_TYPE_INVALID;
   FIO_EXTENSION_TYPE extension = FIO_EXTENSION_TYPE_INVALID;
