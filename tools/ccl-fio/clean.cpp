@@ -87,9 +87,10 @@ private:
     }
     int error = 0;
     std::vector<tree_entry> const entries = entries_of(directory.path, m_given.follow, error);
-    bool stays = error != 0 || m_roots.count(directory.id()) != 0;
-    if (error != 0) {
-      fail(directory.path, error);
+    bool const fails = error != 0 && error != ENOENT; // somebody else may have removed it meanwhile
+    bool stays = fails || m_roots.count(directory.id()) != 0;
+    if (fails) {
+      m_report.add(outcome::failed, directory.path, std::strerror(error));
     }
     for (tree_entry const& entry : entries) {
       stays = clean_entry(entry) || stays;
@@ -125,23 +126,17 @@ private:
     return !remove(file);
   }
 
+  /// Whether it is gone. What somebody else has removed meanwhile is.
   bool remove(tree_entry const& entry) {
     int const error = m_given.dry_run                               ? change_error(entry.path)
                       : FIO_FILE_SYSTEM::remove(entry.path.c_str()) ? 0
                                                                     : errno;
-    if (error != 0) {
-      fail(entry.path, error);
-      return false;
+    if (error == 0) {
+      m_report.add(outcome::changed, entry.path);
+    } else if (error != ENOENT) {
+      m_report.add(outcome::failed, entry.path, std::strerror(error));
     }
-    m_report.add(outcome::changed, entry.path);
-    return true;
-  }
-
-  /// What somebody else has removed meanwhile is no failure.
-  void fail(std::string const& path, int error) {
-    if (error != ENOENT) {
-      m_report.add(outcome::failed, path, std::strerror(error));
-    }
+    return error == 0 || error == ENOENT;
   }
 
   clean_options const& m_given;
