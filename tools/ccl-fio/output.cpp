@@ -177,13 +177,13 @@ std::vector<std::size_t> fitting_widths(layout const& form, std::size_t needed, 
 /// A line of a table, whose cells are added from left to right.
 class table_line {
 public:
-  void add(shown_text const& shown, style look, std::size_t width) {
-    if (!shown.text.empty()) {
+  void add(shown_text const& content, style look, std::size_t width) {
+    if (!content.text.empty()) {
       m_line.append(m_blanks, ' ');
-      look == style::plain ? m_line.append(shown.text) : m_line.append(styled(shown.text, look, stdout));
+      look == style::plain ? m_line.append(content.text) : m_line.append(styled(content.text, look, stdout));
       m_blanks = 0;
     }
-    m_blanks += width + gap - shown.width;
+    m_blanks += width + gap - content.width;
   }
 
   void end() {
