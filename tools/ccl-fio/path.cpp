@@ -230,10 +230,10 @@ void add_path(CLI::App& application, invocation& call) {
   auto const given = std::make_shared<path_options>();
   CLI::App& path = *application.add_subcommand("path", "print the parts of paths, or what an operation makes of them");
   path.add_flag("--simplify", given->simplify, "remove . and .., by both algorithms of the library");
-  path.add_flag("--absolute", given->absolute, "anchor a relative path at the current directory");
-  add_anchor(path, "--absolute-to", given->absolute_to, "anchor a relative path at this directory");
-  add_anchor(path, "--relative-to", given->relative_to, "the path as seen from this directory");
-  path.add_flag("--canonical", given->canonical, "the absolute path of the file, with symbolic links resolved");
+  path.add_flag("--absolute", given->absolute, "make a relative path absolute to the current directory");
+  add_anchor(path, "--absolute-to", given->absolute_to, "make a relative path absolute to this directory");
+  add_anchor(path, "--relative-to", given->relative_to, "make an absolute path relative to this directory");
+  path.add_flag("--canonical", given->canonical, "print the absolute path with symbolic links resolved");
   auto* const same = path.add_flag("--same", given->same, "compare two paths");
   add_format_options(path, given->format, "print all parts");
   same->excludes(path.get_option("--null"));
