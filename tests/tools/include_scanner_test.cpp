@@ -52,7 +52,7 @@ scanned_source const sources[] = {
      {"1:a.vh", "2:b.vh"}},
     {"an escaped identifier may look like a directive", "\\`include \"x.vh\"", {}},
     {"a body of a macro counts", "`define A \\\n  `include \"a.vh\"\n", {"2:a.vh"}},
-    {"a quote of a macro opens no string", "`define A(x) `\"x `\\`\"x`\\`\" `\"\n`include \"a.vh\"", {"2:a.vh"}},
+    {"a quote of a macro opens no string", "`define A(x) `\"x `\\`\"x`\\`\" y`\" `include <a.vh>", {"1:a.vh"}},
     {"a quote of a macro gives the name as a macro does", "`define A(x) `include `\"x`\"\n", {"1:`\"x macro"}},
     {"joined identifiers are no directive", "x``include \"x.vh\"", {}},
     {"both branches of a condition count",
