@@ -6,6 +6,7 @@ set(ccl_package_fio libccl-fio${abi})
 set(ccl_package_development libccl-fio-dev)
 set(ccl_package_documentation libccl-fio-doc)
 set(ccl_package_tools ccl-fio-tools)
+set(ccl_package_tcl tcl-ccl-fio)
 
 set(CPACK_COMPONENTS_ALL platform fio development)
 if(CCL_BUILD_DOCS)
@@ -13,6 +14,9 @@ if(CCL_BUILD_DOCS)
 endif()
 if(CCL_BUILD_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL tools)
+endif()
+if(CCL_BUILD_TCL)
+  list(APPEND CPACK_COMPONENTS_ALL tcl)
 endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ccl)
@@ -76,6 +80,15 @@ ${about}
 This package holds ccl-fio, which finds names over search paths, says what
 files are, takes paths apart, and copies and cleans trees.")
 set(CPACK_COMPONENT_TOOLS_DEPENDS fio platform)
+set(CPACK_COMPONENT_TCL_DESCRIPTION
+    "Tcl commands on the file layer of an electronic design automation suite
+${about}
+This package holds the commands ccl::fio for consoles of Tcl.")
+set(CPACK_COMPONENT_TCL_DEPENDS fio platform)
+set(CPACK_DEBIAN_TCL_PACKAGE_SECTION interpreters)
+set(CPACK_DEBIAN_TCL_PACKAGE_SHLIBDEPS ON)
+# Through the stubs it needs no library of Tcl by name.
+set(CPACK_DEBIAN_TCL_PACKAGE_DEPENDS "tcl (>= 8.6.0-2)")
 
 # What each package says of itself in /usr/share/doc.
 if(CCL_DEBIAN_FILES)

@@ -87,7 +87,7 @@ count_report() {
 }
 
 sources() {
-  find ccl tools examples tests benchmarks \( -name '*.h' -o -name '*.cpp' \) -print | sort
+  find ccl tools bindings examples tests benchmarks \( -name '*.h' -o -name '*.cpp' \) -print | sort
 }
 
 format_is_right() {
@@ -96,7 +96,7 @@ format_is_right() {
 
 # What clang-tidy says of its own progress goes to a log.
 tidy_is_silent() {
-  sources | grep '^\(ccl\|tools\|examples\)/.*\.cpp$' |
+  sources | grep '^\(ccl\|tools\|bindings\|examples\)/.*\.cpp$' |
     xargs -P "$(nproc)" -n 2 clang-tidy --quiet --warnings-as-errors='*' -p build/clang 2>build/tidy.log ||
     { tail -n 5 build/tidy.log >&2 && return 1; }
 }

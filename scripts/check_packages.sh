@@ -86,6 +86,13 @@ debugger_shows_what_the_page_says() {
       ./compare.sh debugger.md gdb -nx -batch -ex \"break look_at\" -ex run objects"' sh "$root"
 }
 
+prints_what_the_console_shows() {
+  echo 'puts [package require ccl::fio]; puts [ccl::fio find -recursive {rtl lib} core.sv]' >"$root/tmp/console.tcl"
+  in_root sh -c 'cd /tmp/design && tclsh /tmp/console.tcl' >"$scratch/printed"
+  cat "$scratch/printed"
+  [ "$(sed 1d "$scratch/printed")" = "rtl/core/core.sv" ]
+}
+
 nothing_is_left() {
   list_root >"$scratch/after"
   diff "$scratch/before" "$scratch/after"
@@ -129,6 +136,7 @@ check "the program is built with the compiler alone, and runs" prints_what_the_r
 check "the command finds the sources of a design" finds_the_sources
 check "the command has its manual page and its completion" test -s "$root/usr/share/man/man1/ccl-fio.1.gz" \
   -a -s "$root/usr/share/bash-completion/completions/ccl-fio"
+check "Tcl has the commands by itself" prints_what_the_console_shows
 check "the debug symbols are those of the library" in_root sh -c \
   "id=\$(readelf -n $libraries/libccl_fio.so.0.1 | sed -n 's/.*Build ID: \\(..\\)/\\1\\//p') && readelf -SW /usr/lib/debug/.build-id/\$id.debug | grep -q debug_info"
 check "gdb finds the printers and the symbols" debugger_finds_printers_and_symbols

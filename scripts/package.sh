@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds the Debian packages into build/packages: the two libraries, the debug symbols of each, the headers, the
-# command, and the documentation. The same sources give the same bytes; SOURCE_DATE_EPOCH, or else the last commit, is
-# the time of all that is in them. Installs what is missing, on Debian, as root or through sudo.
+# command, the Tcl commands, and the documentation. The same sources give the same bytes; SOURCE_DATE_EPOCH, or else
+# the last commit, is the time of all that is in them. Installs what is missing, on Debian, as root or through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 
