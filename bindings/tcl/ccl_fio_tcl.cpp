@@ -485,7 +485,7 @@ void clean(invocation const& given) {
   static constexpr option options[] = {
       {"-empty", nullptr}, {"-older", "seconds"}, {"-pattern", "pattern"}, {"--", nullptr}, {}};
   bool with_directories = false;
-  Tcl_WideInt age = 24 * 60 * 60;
+  Tcl_WideInt age = 24L * 60 * 60;
   std::string pattern = ".korvane.*.tmp";
   take_options(given, 1, "?-empty? ?-older seconds? ?-pattern pattern? ?--? directory", options,
                [&](std::string_view chosen, Tcl_Obj* value) {
