@@ -89,7 +89,7 @@ void check(int status) {
   throw reported_error();
 }
 
-/// Makes an error of Tcl of the exception that is being handled.
+/// Turns the exception that is being handled into an error of Tcl.
 void report_exception(Tcl_Interp* interp) {
   try {
     throw;
@@ -167,7 +167,7 @@ void take_options(invocation const& given, int required, char const* usage, opti
 
 // Names
 
-/// The bytes of a name in the system encoding. A name that cannot be had there whole is refused: a "?" in the place of
+/// The bytes of a name in the system encoding. A name that it cannot represent is refused: a "?" in the place of
 /// a character would be a wildcard, and a NUL would end the name.
 std::string bytes_of(Tcl_Interp* interp, Tcl_Obj* name) {
   int length = 0;
@@ -205,7 +205,7 @@ Tcl_Obj* new_name(std::string const& bytes) noexcept {
   return Tcl_NewStringObj(text.view().data(), static_cast<int>(text.view().size()));
 }
 
-/// Refuses a path that was too long once: it is empty now.
+/// Fails if the text of a path was too long, which has left it empty.
 FIO_PATH const& checked(Tcl_Interp* interp, FIO_PATH const& path, Tcl_Obj* name) {
   if (!path.is_legal_length()) {
     fail(interp, ENAMETOOLONG, "use path", name);
@@ -219,13 +219,13 @@ FIO_PATH path_of(Tcl_Interp* interp, Tcl_Obj* name) {
   return path;
 }
 
-/// The elements of a list, each made by `make`.
-template <typename Make>
-void for_each_element(Tcl_Interp* interp, Tcl_Obj* list, Make make) {
+/// Calls `take` with each element of a list.
+template <typename Take>
+void for_each_element(Tcl_Interp* interp, Tcl_Obj* list, Take take) {
   int count = 0;
   Tcl_Obj** elements = nullptr;
   check(Tcl_ListObjGetElements(interp, list, &count, &elements));
-  std::for_each(elements, elements + count, make);
+  std::for_each(elements, elements + count, take);
 }
 
 // find, findall
