@@ -188,8 +188,9 @@ std::string bytes_of(Tcl_Interp* interp, Tcl_Obj* name) {
 
 /// The same for a directory on the disk, where Tcl replaces a leading "~" by a home directory.
 std::string directory_of(Tcl_Interp* interp, Tcl_Obj* name) {
-  if (Tcl_GetString(name)[0] != '~') {
-    return bytes_of(interp, name);
+  std::string bytes = bytes_of(interp, name);
+  if (bytes.empty() || bytes.front() != '~') {
+    return bytes;
   }
   owned const translated(Tcl_FSGetTranslatedPath(interp, name));
   if (!translated) {
