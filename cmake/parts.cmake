@@ -8,8 +8,8 @@ function(ccl_setting name default description)
   endif()
 endfunction()
 
-# ccl_part(option what default requirement...): a requirement is a CMake package, or CMake itself in a version, and the
-# Debian package that brings it, as in "GTest=libgtest-dev" or "CMake 3.25=cmake".
+# ccl_part(option what default requirement...): a requirement is a CMake package with its version and components, or CMake
+# itself in a version, and the Debian package that brings it, as in "GTest=libgtest-dev" or "CMake 3.25=cmake".
 function(ccl_part option what default)
   ccl_setting(${option} ${default} "Build the ${what}: ON, OFF, or AUTO")
   if(DEFINED CACHE{${option}})
@@ -32,7 +32,9 @@ function(ccl_part option what default)
         set(CMake_FOUND OFF)
       endif()
     else()
+      separate_arguments(version)
       find_package(${package} ${version} QUIET)
+      list(FILTER version INCLUDE REGEX "^[0-9.]+$")
     endif()
     if(NOT ${package}_FOUND)
       string(STRIP "${package} ${version}" package)
