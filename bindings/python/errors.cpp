@@ -66,10 +66,19 @@ FIO_PATH const& legal(FIO_PATH const& path) {
   return path;
 }
 
-FIO_PATH path_of(file_name const& name) {
-  FIO_PATH path(name.bytes);
-  if (!path.is_legal_length()) {
+std::string const& legal_text(file_name const& name) {
+  if (!FIO_PATH::is_path_length_within_operating_system_limits(name.bytes)) {
     raise_failure(ENAMETOOLONG, "", name);
+  }
+  return name.bytes;
+}
+
+FIO_PATH path_of(file_name const& name) { return legal_text(name); }
+
+FIO_PATH joined_path(file_name const& directory, file_name const& name) {
+  FIO_PATH path(directory.bytes, name.bytes);
+  if (!path.is_legal_length()) {
+    raise_failure(ENAMETOOLONG, "", directory, &name);
   }
   return path;
 }

@@ -22,10 +22,20 @@
 /// @throws error_already_set with an `OSError` of `ENAMETOOLONG` if a text was too long for it
 FIO_PATH const& legal(FIO_PATH const& path);
 
+/// The text of a name, for an operation that takes a longer one for another.
+///
+/// @throws error_already_set as `legal` does
+std::string const& legal_text(file_name const& name);
+
 /// The path of a text.
 ///
 /// @throws error_already_set as `legal` does
 FIO_PATH path_of(file_name const& name);
+
+/// The path of a directory and a name in it.
+///
+/// @throws error_already_set as `legal` does
+FIO_PATH joined_path(file_name const& directory, file_name const& name);
 
 /// Calls `work` without the lock of the interpreter, and raises a failure if it returns false. `what` says what could
 /// not be done, for a failure that left no `errno`.

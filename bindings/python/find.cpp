@@ -20,12 +20,13 @@ std::optional<FIO_PATH> found(FIO_PATH path) {
   return path.fullpath().empty() ? std::nullopt : std::optional<FIO_PATH>(std::move(path));
 }
 
-std::list<FIO_PATH> paths_of(std::vector<file_name> const& names) {
-  std::list<FIO_PATH> paths;
+/// Directories, whether a separator ends their names or not.
+std::list<FIO_PATH> directories_of(std::vector<file_name> const& names) {
+  std::list<FIO_PATH> directories;
   for (file_name const& name : names) {
-    paths.push_back(path_of(name));
+    directories.push_back(joined_path(name, {}));
   }
-  return paths;
+  return directories;
 }
 
 std::vector<std::string> strings_of(std::vector<file_name> const& names) {
@@ -87,17 +88,18 @@ void bind_lists(find_class& bound) {
            py::arg("search_path"), py::arg("recursive") = false,
            "A search over the directories of a text that ';' separates; with recursive, all subdirectories follow.")
       .def(py::init([](std::vector<file_name> const& directories, bool recursive) {
-             std::list<FIO_PATH> const paths = paths_of(directories);
+             std::list<FIO_PATH> const paths = directories_of(directories);
              return without_interpreter([&] { return std::make_unique<search>(paths, recursive); });
            }),
-           py::arg("directories"), py::arg("recursive") = false, "A search over a list of directories.")
+           py::arg("directories"), py::arg("recursive") = false,
+           "A search over a list of directories, whether a separator ends their names or not.")
       .def(
           "init", [](search& self, file_name const& path) { self.use([&](FIO_FIND& find) { find.init(path.bytes); }); },
           py::arg("search_path"), "Replaces the search path, and makes the search list anew.")
       .def(
           "init",
           [](search& self, std::vector<file_name> const& directories) {
-            std::list<FIO_PATH> const paths = paths_of(directories);
+            std::list<FIO_PATH> const paths = directories_of(directories);
             self.use([&](FIO_FIND& find) { find.init(paths); });
           },
           py::arg("directories"), "Makes the search list anew from a list of directories.")

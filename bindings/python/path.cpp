@@ -39,12 +39,10 @@ file_name part(FIO_PATH const& path) {
   return {(path.*Get)()};
 }
 
-FIO_PATH joined(file_name const& directory, file_name const& name) {
-  FIO_PATH const path(directory.bytes, name.bytes);
-  if (!path.is_legal_length()) {
-    raise_failure(ENAMETOOLONG, "", directory, &name);
-  }
-  return path;
+// Not the member itself, which would be called for None.
+template <bool (FIO_PATH::*Ask)() const>
+bool holds(FIO_PATH const& path) {
+  return (path.*Ask)();
 }
 
 std::vector<file_name> levels_of(FIO_PATH const& path) {
@@ -69,7 +67,7 @@ void bind_making(path_class& path) {
       .def(py::init(&path_of), py::arg("path"),
            "The path of a text, divided into directory, base and extension; both / and \\ separate, and runs of them "
            "are one. OSError with ENAMETOOLONG for more than 1023 bytes, here and in all edits.")
-      .def(py::init(&joined), py::arg("directory"), py::arg("name"),
+      .def(py::init(&joined_path), py::arg("directory"), py::arg("name"),
            "Joins a directory and a name without dividing them: a separator in the name stays in the base.");
 }
 
@@ -105,11 +103,11 @@ void bind_components(path_class& path) {
       .def_property_readonly(
           "levels", [](FIO_PATH const& self) { return py::tuple(py::cast(levels_of(self))); },
           "The names of the directory levels, from left to right; the file name is not one.")
-      .def_property_readonly("has_directory", &FIO_PATH::has_directory, "Whether there is a directory.")
-      .def_property_readonly("has_extension", &FIO_PATH::has_extension,
+      .def_property_readonly("has_directory", holds<&FIO_PATH::has_directory>, "Whether there is a directory.")
+      .def_property_readonly("has_extension", holds<&FIO_PATH::has_extension>,
                              "Whether there is an extension; true for 'file.', whose extension is a lone dot.")
-      .def_property_readonly("is_absolute", &FIO_PATH::absolute, "Whether the path begins with a separator.")
-      .def_property_readonly("is_directory_path", &FIO_PATH::directory_path,
+      .def_property_readonly("is_absolute", holds<&FIO_PATH::absolute>, "Whether the path begins with a separator.")
+      .def_property_readonly("is_directory_path", holds<&FIO_PATH::directory_path>,
                              "Whether the path is nothing but a directory: 'a/' is, and neither 'a' nor 'a/..' is.");
 }
 
@@ -154,7 +152,7 @@ void bind_location(path_class& path) {
       .def(
           "absolute",
           [](FIO_PATH const& self, file_name const& directory) {
-            return edited(self, [&](FIO_PATH& copy) { copy.become_absolute(directory.bytes); });
+            return edited(self, [&](FIO_PATH& copy) { copy.become_absolute(legal_text(directory)); });
           },
           py::arg("directory") = file_name(),
           "A relative path anchored at a directory, or at the current one if that is empty, and simplified. An "
@@ -163,7 +161,7 @@ void bind_location(path_class& path) {
       .def(
           "relative_to",
           [](FIO_PATH const& self, file_name const& directory) {
-            return path_of({self.get_relative_to(directory.bytes)});
+            return path_of({self.get_relative_to(legal_text(directory))});
           },
           py::arg("directory"),
           "The path as seen from a directory, if both are absolute and share their first level; otherwise the path as "

@@ -2,8 +2,6 @@
 
 from __future__ import annotations
 
-from typing import Iterable, Optional
-
 
 class Error(OSError):
     """A failure without an ``errno``, or one that carries words.
@@ -12,9 +10,12 @@ class Error(OSError):
     ``filename2`` are what it is about.
     """
 
+    __module__ = "ccl_fio"
     lines: tuple[str, ...]
 
-    def __init__(self, lines: Iterable[str], filename: Optional[str] = None, filename2: Optional[str] = None) -> None:
+    def __init__(
+        self, lines: list[str] | tuple[str, ...], filename: str | None = None, filename2: str | None = None
+    ) -> None:
         self.lines = tuple(lines)
         super().__init__(*self.lines[:1])
         self.filename = filename
@@ -32,10 +33,16 @@ class Error(OSError):
 class NotADirectory(Error, NotADirectoryError):
     """A path that should name a directory does not."""
 
+    __module__ = "ccl_fio"
+
 
 class FailedToOpenDirectory(Error):
     """A directory cannot be listed."""
 
+    __module__ = "ccl_fio"
+
 
 class FailedToRemoveDirectory(Error):
     """A directory cannot be removed."""
+
+    __module__ = "ccl_fio"
