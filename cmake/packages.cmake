@@ -7,6 +7,7 @@ set(ccl_package_development libccl-fio-dev)
 set(ccl_package_documentation libccl-fio-doc)
 set(ccl_package_tools ccl-fio-tools)
 set(ccl_package_tcl tcl-ccl-fio)
+set(ccl_package_python python3-ccl-fio)
 
 set(CPACK_COMPONENTS_ALL platform fio development)
 if(CCL_BUILD_DOCS)
@@ -17,6 +18,9 @@ if(CCL_BUILD_TOOLS)
 endif()
 if(CCL_BUILD_TCL)
   list(APPEND CPACK_COMPONENTS_ALL tcl)
+endif()
+if(CCL_BUILD_PYTHON)
+  list(APPEND CPACK_COMPONENTS_ALL python)
 endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ccl)
@@ -89,6 +93,17 @@ set(CPACK_DEBIAN_TCL_PACKAGE_SECTION interpreters)
 set(CPACK_DEBIAN_TCL_PACKAGE_SHLIBDEPS ON)
 # Through the stubs it needs no library of Tcl by name.
 set(CPACK_DEBIAN_TCL_PACKAGE_DEPENDS "tcl (>= 8.6.0-2)")
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION
+    "${summary} (Python)
+${about}
+This package holds the module ccl_fio for Python, with its stubs.")
+set(CPACK_COMPONENT_PYTHON_DEPENDS fio platform)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+# A module in C++ is for one version of Python.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.11~), python3 (<< 3.12~)")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/python/postinst
+                                              ${PROJECT_SOURCE_DIR}/cmake/debian/python/prerm)
 
 # What each package says of itself in /usr/share/doc.
 if(CCL_DEBIAN_FILES)

@@ -93,6 +93,10 @@ prints_what_the_console_shows() {
   [ "$(sed 1d "$scratch/printed")" = "rtl/core/core.sv" ]
 }
 
+passes_the_tests_of_python() {
+  in_root python3 -B -m pytest -q -p no:cacheprovider --basetemp=/tmp/pytest /tmp/repository/tests/python
+}
+
 nothing_is_left() {
   list_root >"$scratch/after"
   diff "$scratch/before" "$scratch/after"
@@ -105,7 +109,7 @@ release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 {
   debootstrap --variant=minbase "$release" "$root" &&
     in_root apt-get install -y --no-install-recommends g++ cmake make pkgconf libboost-dev libboost-filesystem-dev \
-    gdb
+      gdb python3-pytest
 } >"$scratch/log" 2>&1 || {
   tail -n 20 "$scratch/log" >&2
   exit 1
@@ -113,7 +117,9 @@ release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 list_root >"$scratch/before"
 
 cp -r examples/design "$root/tmp/design"
-mkdir "$root/tmp/packages" "$root/tmp/tool"
+mkdir -p "$root/tmp/packages" "$root/tmp/tool" "$root/tmp/repository/tests"
+cp -r ccl docs examples "$root/tmp/repository"
+cp -r tests/python "$root/tmp/repository/tests"
 cp build/packages/*.deb "$root/tmp/packages"
 awk '/^```cpp/ { on = 1; next } /^```/ && on { exit } on' README.md >"$root/tmp/tool/tool.cpp"
 cat >"$root/tmp/tool/CMakeLists.txt" <<'END'
@@ -137,6 +143,7 @@ check "the command finds the sources of a design" finds_the_sources
 check "the command has its manual page and its completion" test -s "$root/usr/share/man/man1/ccl-fio.1.gz" \
   -a -s "$root/usr/share/bash-completion/completions/ccl-fio"
 check "Tcl has the commands by itself" prints_what_the_console_shows
+check "the tests of the package for Python pass" passes_the_tests_of_python
 check "the debug symbols are those of the library" in_root sh -c \
   "id=\$(readelf -n $libraries/libccl_fio.so.0.1 | sed -n 's/.*Build ID: \\(..\\)/\\1\\//p') && readelf -SW /usr/lib/debug/.build-id/\$id.debug | grep -q debug_info"
 check "gdb finds the printers and the symbols" debugger_finds_printers_and_symbols

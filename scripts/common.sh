@@ -8,8 +8,10 @@ cd "$repository"
 
 # What it takes to build the library, its tools and its examples, and to check them, as Debian's packages.
 packages_to_build="g++ cmake ninja-build libboost-dev libboost-filesystem-dev libcli11-dev nlohmann-json3-dev \
-  libfmt-dev tcl-dev"
-packages_to_check="libgtest-dev clang-format pkgconf abigail-tools mandoc doxygen gdb strace tcl-thread"
+  libfmt-dev"
+packages_to_bind="tcl-dev pybind11-dev python3-dev"
+packages_to_check="$packages_to_bind libgtest-dev clang-format pkgconf abigail-tools mandoc doxygen gdb strace \
+  tcl-thread python3-pytest mypy"
 packages_to_check_all="clang libclang-rt-14-dev clang-tidy valgrind qt6-base-dev chromium chromium-driver python3-selenium"
 packages_to_measure="gcovr"
 

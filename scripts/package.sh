@@ -1,11 +1,12 @@
 #!/bin/sh
 # Builds the Debian packages into build/packages: the two libraries, the debug symbols of each, the headers, the
-# command, the Tcl commands, and the documentation. The same sources give the same bytes; SOURCE_DATE_EPOCH, or else
-# the last commit, is the time of all that is in them. Installs what is missing, on Debian, as root or through sudo.
+# command, the Tcl commands, the module for Python, and the documentation. The same sources give the same bytes;
+# SOURCE_DATE_EPOCH, or else the last commit, is the time of all that is in them. Installs what is missing, on Debian, as
+# root or through sudo.
 
 . "$(dirname -- "$0")/common.sh"
 
-need_packages $packages_to_build doxygen doxygen-awesome-css dpkg-dev file
+need_packages $packages_to_build $packages_to_bind doxygen doxygen-awesome-css dpkg-dev file
 
 : "${SOURCE_DATE_EPOCH:=$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}"
 export SOURCE_DATE_EPOCH
@@ -23,7 +24,9 @@ pack() {
   tree=$work/tree
   rm -rf "$tree"
   dpkg-deb --raw-extract "$1" "$tree"
-  rm -f "$tree/DEBIAN/postinst" "$tree/DEBIAN/postrm"
+  for script in postinst postrm; do
+    ! grep -qs ldconfig "$tree/DEBIAN/$script" || rm "$tree/DEBIAN/$script"
+  done
   package=$(dpkg-deb --field "$1" Package)
   case $package in
   *-dbgsym)
