@@ -21,6 +21,10 @@ if(CCL_BUILD_TCL)
 endif()
 if(CCL_BUILD_PYTHON)
   list(APPEND CPACK_COMPONENTS_ALL python)
+  # A module in C++ is for one version of Python.
+  find_package(Python 3.11 REQUIRED COMPONENTS Interpreter Development.Module)
+  math(EXPR next "${Python_VERSION_MINOR} + 1")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.${Python_VERSION_MINOR}~), python3 (<< 3.${next}~)")
 endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ccl)
@@ -100,8 +104,6 @@ This package holds the module ccl_fio for Python, with its stubs.")
 set(CPACK_COMPONENT_PYTHON_DEPENDS fio platform)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
-# A module in C++ is for one version of Python.
-set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.11~), python3 (<< 3.12~)")
 set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/python/postinst
                                               ${PROJECT_SOURCE_DIR}/cmake/debian/python/prerm)
 
