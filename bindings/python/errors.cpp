@@ -24,6 +24,7 @@ py::object os_error(int code, file_name const& name, py::object const& second) {
 }
 
 /// Lists that cannot be read leave `FIO_FIND` as this exception.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): it is registered with this signature
 void translate(std::exception_ptr pointer) {
   try {
     if (pointer) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "bindings/python/bindings.h"
 #include "bindings/python/errors.h"
@@ -63,7 +64,8 @@ void bind_texts(py::module_& module) {
         constexpr std::size_t separators = 5; // and the NUL
         std::string text(directory.bytes.size() + base.bytes.size() + extension.bytes.size() + separators, '\0');
         files::makepath(text.data(), nullptr, directory.c_str(), base.c_str(), extension.c_str());
-        return file_name{text.c_str()};
+        text.resize(text.find('\0'));
+        return file_name{std::move(text)};
       },
       py::arg("directory"), py::arg("base"), py::arg("extension") = file_name(),
       "The text that a directory, a base and an extension make.");

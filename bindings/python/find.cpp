@@ -31,6 +31,7 @@ std::list<FIO_PATH> directories_of(std::vector<file_name> const& names) {
 
 std::vector<std::string> strings_of(std::vector<file_name> const& names) {
   std::vector<std::string> strings;
+  strings.reserve(names.size());
   for (file_name const& name : names) {
     strings.push_back(name.bytes);
   }

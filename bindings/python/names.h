@@ -48,8 +48,8 @@ struct pybind11::detail::type_caster<file_name> {
     return true;
   }
 
-  static handle cast(file_name const& name, return_value_policy /*policy*/, handle /*parent*/) {
-    return PyUnicode_DecodeFSDefaultAndSize(name.bytes.data(), static_cast<Py_ssize_t>(name.bytes.size()));
+  static handle cast(file_name const& text, return_value_policy /*policy*/, handle /*parent*/) {
+    return PyUnicode_DecodeFSDefaultAndSize(text.bytes.data(), static_cast<Py_ssize_t>(text.bytes.size()));
   }
 };
 
