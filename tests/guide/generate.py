@@ -1,0 +1,49 @@
+#!/usr/bin/python3
+"""generate.py ROOT FOLDER UNITS TESTED_ELSEWHERE PAGE...
+
+Writes the C++ blocks of the pages as sources blocks_1.cpp to blocks_UNITS.cpp into FOLDER, and what the blocks are as
+blocks.json. The program that is made of the sources runs the block whose number is its first argument.
+"""
+
+import dataclasses
+import json
+import pathlib
+import sys
+
+import pages
+
+
+def write_if_changed(path, text):
+    if not path.exists() or path.read_text() != text:
+        path.write_text(text)
+
+
+def main():
+    root, folder, units, elsewhere, *names = sys.argv[1:]
+    root, folder, units = pathlib.Path(root), pathlib.Path(folder), int(units)
+    lines = [line.split(" | ") for line in pathlib.Path(elsewhere).read_text().splitlines() if line[:1] not in ("", "#")]
+    found = [block for name in names for block in pages.read_blocks(name, (root / name).read_text())]
+    blocks, untested = pages.classify(found, {(page, first_line) for page, first_line, _ in lines})
+
+    numbered = [(number, block) for number, block in enumerate(blocks) if block.kind != "commands"]
+    for unit in range(units):
+        own = [pair for pair in numbered if pair[0] % units == unit]
+        includes = dict.fromkeys(pages.STATEMENTS_NEED)
+        for _, block in own:
+            includes.update(dict.fromkeys(pages.split_includes(block.text)[0]))
+        text = "\n".join(includes) + "\n"
+        for number, block in own:
+            text += f"namespace block_{number} {{\n{pages.as_function(block, 'run')}}} // namespace\n"
+        text += f'#line 1 "blocks_{unit + 1}"\n'
+        text += f"int run_block_{unit + 1}(int number, [[maybe_unused]] int argc, [[maybe_unused]] char** argv) {{\n  switch (number) {{\n"
+        for number, block in own:
+            text += f"  case {number}: return block_{number}::run(argc, argv);\n"
+        text += "  default: return -1;\n  }\n}\n"
+        write_if_changed(folder / f"blocks_{unit + 1}.cpp", "int run_block_%d(int, int, char**);\n" % (unit + 1) + text)
+    write_if_changed(folder / "blocks.json", json.dumps(
+        {"blocks": [dataclasses.asdict(block) for block in blocks], "untested": untested,
+         "elsewhere": sorted({test for _, _, test in lines})}, indent=1))
+
+
+if __name__ == "__main__":
+    main()

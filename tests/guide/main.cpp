@@ -1,0 +1,12 @@
+// Runs the block whose number is the first argument; the others are those of the block's own main.
+
+#include <cstdlib>
+
+int run_block_1(int number, int argc, char** argv);
+int run_block_2(int number, int argc, char** argv);
+
+int main(int argc, char** argv) {
+  int const number = std::atoi(argv[1]);
+  auto* const run = number % 2 == 0 ? run_block_1 : run_block_2;
+  return run(number, argc - 1, argv + 1);
+}

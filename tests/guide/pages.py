@@ -1,0 +1,122 @@
+"""The fenced blocks of the Markdown pages, and how each is tried."""
+
+import dataclasses
+import re
+
+FENCE = re.compile(r"^```+")
+
+
+@dataclasses.dataclass
+class Block:
+    """A fenced block. `kind` says what is done with it: "program" and "compile" for C++, "commands" for a shell."""
+
+    page: str
+    line: int  # of the first line of its content
+    language: str
+    words: list  # behind the language
+    text: str
+    kind: str = ""
+    expected: str = None  # standard output, from the block of text that follows
+
+    @property
+    def place(self):
+        return f"{self.page}:{self.line}"
+
+    @property
+    def command(self):
+        """The name under which the commands of the page start the program, or None."""
+        names = [word[len("program="):] for word in self.words if word.startswith("program=")]
+        return names[0] if names else None
+
+
+def read_blocks(page, text):
+    """All fenced blocks of a page, those of output apart."""
+    blocks = []
+    opened = None
+    for number, line in enumerate(text.splitlines(), 1):
+        fence = FENCE.match(line)
+        if opened is None and fence:
+            language, *words = line[fence.end():].split() or [""]
+            opened = Block(page, number + 1, language, words, "")
+            mark = fence.group()
+        elif opened is not None and line.rstrip() == mark:
+            blocks.append(opened)
+            opened = None
+        elif opened is not None:
+            opened.text += line + "\n"
+    if opened is not None:
+        raise SystemExit(f"{opened.place}: the block has no end")
+    return blocks
+
+
+def classify(blocks, tested_elsewhere):
+    """Gives each block its kind. The second result are the places of those that nothing tests."""
+    tried = []
+    untested = []
+    previous = None
+    for block in blocks:
+        if block.language == "cpp":
+            block.kind = "compile" if "compile" in block.words else "program"
+        elif (block.page, block.text.split("\n", 1)[0]) in tested_elsewhere:
+            previous = None
+            continue
+        elif block.language in ("sh", "console"):
+            block.kind = "commands"
+        elif (block.language == "text" and previous is not None and previous.page == block.page
+              and previous.kind != "compile" and not previous.command and "$ " not in previous.text[:2]):
+            previous.expected = block.text
+            previous = None
+            continue
+        else:
+            untested.append(f"{block.place}: no test for a block of {block.language or 'no language'}")
+            previous = None
+            continue
+        tried.append(block)
+        previous = block
+    return tried, untested
+
+
+INCLUDE = re.compile(r"^\s*#\s*include\b")
+MAIN = re.compile(r"^int main\(([^)]*)\)", re.MULTILINE)
+FUNCTION = re.compile(r"^(?!(?:if|for|while|do|switch|try|else|return)\b)[A-Za-z_][\w:<>&*, ]*\([^;=]*\)[^;=]*\{$",
+                      re.MULTILINE)
+
+
+def split_includes(text):
+    """The lines of inclusion, and the rest, whose lines keep their numbers."""
+    lines = text.split("\n")
+    includes = [line for line in lines if INCLUDE.match(line)]
+    return includes, "\n".join("" if INCLUDE.match(line) else line for line in lines)
+
+
+def is_whole_program(text):
+    return MAIN.search(text) is not None
+
+
+def as_function(block, name):
+    """The block as a function `int name(int, char**)`, without its includes."""
+    text = split_includes(block.text)[1]
+    here = f'#line {block.line} "{block.page}"\n'
+    main = MAIN.search(text)
+    if main is None:
+        if block.kind == "compile" and FUNCTION.search(text):
+            return here + text + f"int {name}(int, char**) {{ return 0; }}\n"
+        return f"int {name}(int, char**) {{\n{here}{text}return 0;\n}}\n"
+    # Only the real main returns 0 by itself: its last brace is that of its own line, or one alone on a later line.
+    end_of_line = text.index("\n", main.start())
+    one_line = text[main.start():end_of_line].rstrip().endswith("}")
+    end = text.rindex("}", main.start(), end_of_line) if one_line else text.index("\n}", main.start()) + 1
+    parameters = main.group(1).strip() or "int, char**"
+    return (here + text[:main.start()] + f"int {name}({parameters})" + text[main.end():end] + "return 0; " + text[end:])
+
+
+STATEMENTS_NEED = ["#include <ccl/fio/fio.h>", "#include <cstdio>", "#include <iostream>", "#include <string>",
+                   "#include <vector>"]
+
+
+def as_source(block):
+    """The block as a source file of its own, as a reader has it."""
+    includes, rest = split_includes(block.text)
+    if is_whole_program(block.text):
+        return f'#line {block.line} "{block.page}"\n{block.text}'
+    return "\n".join(STATEMENTS_NEED + includes) + "\n" + as_function(block, "main")

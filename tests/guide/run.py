@@ -1,0 +1,120 @@
+#!/usr/bin/python3
+"""run.py BLOCKS PROGRAM DESIGN CCL_FIO [PLACE]
+
+Runs each block of the pages and compares what it prints with what the page shows. Each runs in a fresh copy of DESIGN.
+With PLACE, as in docs/recipes.md:10, only the block at this line runs.
+"""
+
+import concurrent.futures
+import difflib
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+import pages
+
+TIME_LIMIT = 60
+
+
+class Runner:
+    def __init__(self, program, design, ccl_fio, scratch):
+        self.program = program
+        self.design = design
+        self.scratch = scratch
+        self.commands = scratch / "bin"
+        self.commands.mkdir()
+        if ccl_fio:
+            os.symlink(ccl_fio, self.commands / "ccl-fio")
+
+    def add_command(self, page, name, number):
+        folder = self.page_commands(page)
+        folder.mkdir(exist_ok=True)
+        (folder / name).write_text(f'#!/bin/sh\nexec "{self.program}" {number} "$@"\n')
+        (folder / name).chmod(0o755)
+
+    def page_commands(self, page):
+        return self.scratch / page.replace("/", "_")
+
+    def start(self, block, arguments, folder, **settings):
+        temporary = folder.with_suffix(".tmp")
+        temporary.mkdir(exist_ok=True)
+        path = f"{self.page_commands(block.page)}:{self.commands}:/usr/bin:/bin"
+        environment = {"PATH": path, "TMPDIR": str(temporary), "HOME": str(temporary), "LC_ALL": "C.UTF-8",
+                       "COLUMNS": "80"}
+        for name in ("LD_LIBRARY_PATH", "LD_PRELOAD"):
+            if name in os.environ:
+                environment[name] = os.environ[name]
+        return subprocess.run(arguments, cwd=folder, env=environment, stdin=subprocess.DEVNULL, text=True,
+                              errors="replace", timeout=TIME_LIMIT, **settings)
+
+    def outcome(self, number, block):
+        """What the block should print, what it prints, and what else is wrong."""
+        folder = self.scratch / f"{number}"
+        shutil.copytree(self.design, folder)
+        if block.kind == "commands" and any(line.startswith("$ ") for line in block.text.splitlines()):
+            return block.text, self.transcript(block, folder), ""
+        command = ["sh", "-e", "-c", block.text] if block.kind == "commands" else [self.program, str(number)]
+        ended = self.start(block, command, folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        wrong = f"ends with {ended.returncode}\n{ended.stderr}" if ended.returncode else ""
+        if block.kind == "commands" and block.expected is None:
+            return "", "", wrong  # a page need not show what a script says
+        if not wrong and block.expected is None and ended.stderr:
+            wrong = f"writes to standard error: {ended.stderr}"
+        return block.expected or "", ended.stdout, wrong
+
+    def transcript(self, block, folder):
+        """The commands of a block, each with what it writes to standard output and standard error."""
+        said = ""
+        for line in block.text.splitlines():
+            if line.startswith("$ "):
+                ended = self.start(block, ["sh", "-c", line[2:]], folder, stdout=subprocess.PIPE,
+                                   stderr=subprocess.STDOUT)
+                said += line + "\n" + ended.stdout
+        return said
+
+
+def complaint(block, expected, printed, wrong):
+    if expected != printed:
+        lines = difflib.unified_diff(expected.splitlines(), printed.splitlines(), "the page", "the program",
+                                     lineterm="", n=1)
+        wrong = "prints something else\n" + "\n".join(lines) + "\n" + wrong
+    return f"{block.place}: {wrong}" if wrong else None
+
+
+def existing_tests():
+    listed = subprocess.run(["ctest", "--show-only=json-v1"], capture_output=True, text=True, check=True).stdout
+    return {test["name"] for test in json.loads(listed)["tests"]}
+
+
+def main():
+    record, program, design, ccl_fio, *places = sys.argv[1:]
+    record = json.loads(pathlib.Path(record).read_text())
+    blocks = [pages.Block(**fields) for fields in record["blocks"]]
+    complaints = list(record["untested"])
+    missing = set(record["elsewhere"]) - existing_tests() if record["elsewhere"] else set()
+    complaints += [f"no such test: {name}" for name in sorted(missing)]
+    with tempfile.TemporaryDirectory(prefix="guide.") as scratch:
+        runner = Runner(program, design, ccl_fio, pathlib.Path(scratch))
+        to_run = []
+        for number, block in enumerate(blocks):
+            if block.command:
+                runner.add_command(block.page, block.command, number)
+            elif block.kind == "commands" and not ccl_fio and "ccl-fio" in block.text:
+                print(f"{block.place}: left out, for ccl-fio is not built")
+            elif block.kind != "compile" and (not places or block.place in places):
+                to_run.append((number, block))
+        with concurrent.futures.ThreadPoolExecutor(2) as threads:
+            for (_, block), outcome in zip(to_run, threads.map(lambda pair: runner.outcome(*pair), to_run)):
+                complaints.append(complaint(block, *outcome))
+    complaints = [text for text in complaints if text]
+    print("\n".join(complaints))
+    print(f"{len(to_run)} blocks ran, {len(complaints)} complaints")
+    return 1 if complaints else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
