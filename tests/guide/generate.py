@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""generate.py ROOT FOLDER UNITS TESTED_ELSEWHERE PAGE...
+"""generate.py ROOT FOLDER UNITS TESTED_ELSEWHERE PAGE_OR_HEADER...
 
-Writes the C++ blocks of the pages as sources blocks_1.cpp to blocks_UNITS.cpp into FOLDER, and what the blocks are as
-blocks.json. The program that is made of the sources runs the block whose number is its first argument.
+Writes the C++ blocks of the pages as sources blocks_1.cpp to blocks_UNITS.cpp into FOLDER, the examples of the headers
+as header_examples.cpp, and what the blocks are as blocks.json.
 """
 
 import dataclasses
@@ -10,7 +10,21 @@ import json
 import pathlib
 import sys
 
+import header_lines
 import pages
+
+
+HEADER_EXAMPLES = """#include <tests/guide/header_examples.h>
+
+int header_examples::failures = 0;
+
+int try_header_examples() {
+using namespace header_examples;
+make_files();
+%s
+return failures;
+}
+"""
 
 
 def write_if_changed(path, text):
@@ -22,7 +36,7 @@ def main():
     root, folder, units, elsewhere, *names = sys.argv[1:]
     root, folder, units = pathlib.Path(root), pathlib.Path(folder), int(units)
     lines = [line.split(" | ") for line in pathlib.Path(elsewhere).read_text().splitlines() if line[:1] not in ("", "#")]
-    found = [block for name in names for block in pages.read_blocks(name, (root / name).read_text())]
+    found = [block for name in names if name.endswith(".md") for block in pages.read_blocks(name, (root / name).read_text())]
     blocks, untested = pages.classify(found, {(page, first_line) for page, first_line, _ in lines})
 
     numbered = [(number, block) for number, block in enumerate(blocks) if block.kind != "commands"]
@@ -40,6 +54,10 @@ def main():
             text += f"  case {number}: return block_{number}::run(argc, argv);\n"
         text += "  default: return -1;\n  }\n}\n"
         write_if_changed(folder / f"blocks_{unit + 1}.cpp", "int run_block_%d(int, int, char**);\n" % (unit + 1) + text)
+    support = (pathlib.Path(__file__).parent / "header_examples.h").read_text()
+    statements = "".join(header_lines.source(name, (root / name).read_text(), support) for name in names
+                         if name.endswith(".h"))
+    write_if_changed(folder / "header_examples.cpp", HEADER_EXAMPLES % statements)
     write_if_changed(folder / "blocks.json", json.dumps(
         {"blocks": [dataclasses.asdict(block) for block in blocks], "untested": untested,
          "elsewhere": sorted({test for _, _, test in lines})}, indent=1))

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """run.py BLOCKS PROGRAM DESIGN CCL_FIO [PLACE]
 
-Runs each block of the pages and compares what it prints with what the page shows. Each runs in a fresh copy of DESIGN.
-With PLACE, as in docs/recipes.md:10, only the block at this line runs.
+Runs each block of the pages and compares what it prints with what the page shows, and tries the examples of the
+headers. Each block runs in a fresh copy of DESIGN. With PLACE, as in docs/recipes.md:10, only the block at this line runs.
 """
 
 import concurrent.futures
@@ -66,6 +66,14 @@ class Runner:
             wrong = f"writes to standard error: {ended.stderr}"
         return block.expected or "", ended.stdout, wrong
 
+    def try_headers(self):
+        """What the program says of the examples of the headers."""
+        folder = self.scratch / "headers"
+        shutil.copytree(self.design, folder)
+        ended = subprocess.run([self.program], cwd=folder, capture_output=True, text=True, timeout=TIME_LIMIT)
+        said = ended.stdout.splitlines()
+        return said if ended.returncode in (0, 1) else said + [f"the examples of the headers: {ended.stderr}"]
+
     def transcript(self, block, folder):
         """The commands of a block, each with what it writes to standard output and standard error."""
         said = ""
@@ -107,6 +115,8 @@ def main():
                 print(f"{block.place}: left out, for ccl-fio is not built")
             elif block.kind != "compile" and (not places or block.place in places):
                 to_run.append((number, block))
+        if not places:
+            complaints += runner.try_headers()
         with concurrent.futures.ThreadPoolExecutor(2) as threads:
             for (_, block), outcome in zip(to_run, threads.map(lambda pair: runner.outcome(*pair), to_run)):
                 complaints.append(complaint(block, *outcome))
