@@ -30,19 +30,18 @@ class Runner:
         if ccl_fio:
             os.symlink(ccl_fio, self.commands / "ccl-fio")
 
-    def add_command(self, page, name, number):
-        folder = self.page_commands(page)
-        folder.mkdir(exist_ok=True)
-        (folder / name).write_text(f'#!/bin/sh\nexec "{self.program}" {number} "$@"\n')
-        (folder / name).chmod(0o755)
+    def add_commands(self, number, programs):
+        """Lets the block with this number start programs, each given as its name and the number of its block."""
+        folder = self.scratch / f"{number}.bin"
+        folder.mkdir()
+        for name, its_number in programs.items():
+            (folder / name).write_text(f'#!/bin/sh\nexec "{self.program}" {its_number} "$@"\n')
+            (folder / name).chmod(0o755)
 
-    def page_commands(self, page):
-        return self.scratch / page.replace("/", "_")
-
-    def start(self, block, arguments, folder, **settings):
+    def start(self, arguments, folder, **settings):
         temporary = folder.with_suffix(".tmp")
         temporary.mkdir(exist_ok=True)
-        path = f"{self.page_commands(block.page)}:{self.commands}:/usr/bin:/bin"
+        path = f"{folder.with_suffix('.bin')}:{self.commands}:/usr/bin:/bin"
         environment = {"PATH": path, "TMPDIR": str(temporary), "HOME": str(temporary), "LC_ALL": "C.UTF-8",
                        "COLUMNS": "80"}
         for name in ("LD_LIBRARY_PATH", "LD_PRELOAD"):
@@ -58,7 +57,7 @@ class Runner:
         if block.kind == "commands" and any(line.startswith("$ ") for line in block.text.splitlines()):
             return block.text, self.transcript(block, folder), ""
         command = ["sh", "-e", "-c", block.text] if block.kind == "commands" else [self.program, str(number)]
-        ended = self.start(block, command, folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        ended = self.start(command, folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         wrong = f"ends with {ended.returncode}\n{ended.stderr}" if ended.returncode else ""
         if block.kind == "commands" and block.expected is None:
             return "", "", wrong  # a page need not show what a script says
@@ -79,8 +78,7 @@ class Runner:
         said = ""
         for line in block.text.splitlines():
             if line.startswith("$ "):
-                ended = self.start(block, ["sh", "-c", line[2:]], folder, stdout=subprocess.PIPE,
-                                   stderr=subprocess.STDOUT)
+                ended = self.start(["sh", "-c", line[2:]], folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
                 said += line + "\n" + ended.stdout
         return said
 
@@ -108,9 +106,12 @@ def main():
     with tempfile.TemporaryDirectory(prefix="guide.") as scratch:
         runner = Runner(program, design, ccl_fio, pathlib.Path(scratch))
         to_run = []
+        programs = {}  # of each page, the last of each name so far
         for number, block in enumerate(blocks):
+            if block.kind == "commands":
+                runner.add_commands(number, programs.get(block.page, {}))
             if block.command:
-                runner.add_command(block.page, block.command, number)
+                programs.setdefault(block.page, {})[block.command] = number
             elif block.kind == "commands" and not ccl_fio and "ccl-fio" in block.text:
                 print(f"{block.place}: left out, for ccl-fio is not built")
             elif block.kind != "compile" and (not places or block.place in places):
