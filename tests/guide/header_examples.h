@@ -20,14 +20,15 @@
 #include <memory>
 #include <string>
 #include <system_error>
-#include <type_traits>
 #include <vector>
+
+#include "tests/guide/shown.h"
 
 namespace header_examples {
 
 using strings = std::vector<std::string>;
 
-// The root of the examples with absolute paths that have to exist: in results it is not shown.
+// Where the absolute paths of examples are that have to exist. In results it is not shown.
 inline std::string in_scratch(std::string text) {
   static std::string const root = FIO_FILE_SYSTEM::get_current_directory() + "/root";
   for (std::size_t position = 0; (position = text.find('/', position)) != std::string::npos;) {
@@ -38,44 +39,13 @@ inline std::string in_scratch(std::string text) {
   return text;
 }
 
-inline std::string without_scratch(std::string text) {
-  std::string const root = in_scratch("/");
-  if (text.rfind(root, 0) == 0) {
-    text.erase(0, root.size() - 1);
-  }
-  return text;
-}
-
 // A text that is shown without quotes.
 struct words_of {
   std::string text;
 };
 
-inline std::string shown(std::string const& text) { return '"' + without_scratch(text) + '"'; }
-inline std::string shown(char const* text) { return text == nullptr ? "null" : shown(std::string(text)); }
-inline std::string shown(FIO_PATH const& path) { return shown(path.fullpath()); }
-inline std::string shown(bool value) { return value ? "true" : "false"; }
-inline std::string shown(_GUID const& value) { return fio_clsid_to_str(value, FIO_CLSID_FORMAT_TEXT); }
+using guide::shown;
 inline std::string shown(words_of const& value) { return value.text; }
-
-template <typename Number, std::enable_if_t<std::is_integral_v<Number> || std::is_enum_v<Number>, int> = 0>
-std::string shown(Number value) {
-  return std::to_string(static_cast<long>(value));
-}
-
-template <typename Element>
-std::string shown(std::list<Element> const& list) {
-  std::string text;
-  for (Element const& element : list) {
-    text += (text.empty() ? "" : ", ") + shown(element);
-  }
-  return text;
-}
-
-template <typename First, typename Second, typename... Others>
-std::string shown(First const& first, Second const& second, Others const&... others) {
-  return shown(first) + ", " + shown(second, others...);
-}
 
 inline std::string words(std::string const& text) { return text; }
 
@@ -103,10 +73,14 @@ struct ordinary_user {
 
 extern int failures;
 
-inline void check(char const* place, std::string const& shown, std::string const& expected) {
-  if (shown != expected) {
+inline void check(char const* place, std::string result, std::string const& expected) {
+  static std::string const root = in_scratch("/");
+  for (std::size_t position; (position = result.find(root)) != std::string::npos;) {
+    result.erase(position, root.size() - 1);
+  }
+  if (result != expected) {
     ++failures;
-    std::printf("%s: the result is %s, and not %s\n", place, shown.c_str(), expected.c_str());
+    std::printf("%s: the result is %s, and not %s\n", place, result.c_str(), expected.c_str());
   }
 }
 

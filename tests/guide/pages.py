@@ -8,7 +8,8 @@ FENCE = re.compile(r"^```+")
 
 @dataclasses.dataclass
 class Block:
-    """A fenced block. `kind` says what is done with it: "program" and "compile" for C++, "commands" for a shell."""
+    """A fenced block, or a cell of a table. `kind` says what is done with it: "program" and "compile" for C++, "qt" for
+    C++ with Qt, "commands" for a shell, and "tcl"."""
 
     page: str
     line: int  # of the first line of its content
@@ -74,6 +75,48 @@ def classify(blocks, tested_elsewhere):
         tried.append(block)
         previous = block
     return tried, untested
+
+
+CELL = re.compile(r"`([^`]+)` → `([^`]+)`")
+SYSTEMS = {"std::filesystem": ("program", "std::filesystem::path p({});"),
+           "Boost": ("program", "boost::filesystem::path p({});"),
+           "here": ("program", "FIO_PATH p({});"),
+           "Qt": ("qt", "QString const p(QStringLiteral({}));"),
+           "Tcl": ("tcl", "set p {}")}
+
+
+def read_cells(page, text):
+    """The results in the tables of a page, `operation` → `result`, each as a block of its own.
+
+    The head of a column says which library the operation belongs to. If the first column is called `p`, it has the
+    text of the path on which the operations of its row work; an empty one repeats the one above.
+    """
+    cells = []
+    heads = None
+    for number, line in enumerate(text.splitlines(), 1):
+        if not line.startswith("|"):
+            heads = None
+            continue
+        row = [cell.strip() for cell in line.strip().strip("|").split("|")]
+        if heads is None:
+            heads = [cell.strip("`") for cell in row]
+            given = ""
+            continue
+        if heads[0] == "p":
+            given = row[0].strip("`") or given
+        for head, cell in zip(heads, row):
+            for operation, result in CELL.findall(cell):
+                if head not in SYSTEMS:
+                    raise SystemExit(f"{page}:{number}: no library is called {head}")
+                kind, declaration = SYSTEMS[head]
+                if kind == "tcl":
+                    lines = f"puts [if {{[catch {{{operation}}} result]}} {{format error}} {{list $result}}]\n"
+                    before = declaration.format("{" + given.strip('"') + "}") + "\n" if given else ""
+                else:
+                    before = declaration.format(f'R"~({given[1:-1]})~"') if given else "int const p = 0;"
+                    lines = f" guide::show([&]() -> decltype(auto) {{ return {operation}; }}, p);\n"
+                cells.append(Block(page, number, head, [], before + lines, kind, result + "\n"))
+    return cells
 
 
 INCLUDE = re.compile(r"^\s*#\s*include\b")

@@ -1,10 +1,9 @@
 #!/usr/bin/python3
-"""run.py BLOCKS PROGRAM DESIGN CCL_FIO [PLACE]
-
-Runs each block of the pages and compares what it prints with what the page shows, and tries the examples of the
-headers. Each block runs in a fresh copy of DESIGN. With PLACE, as in docs/recipes.md:10, only the block at this line runs.
+"""Runs each block of the pages and compares what it prints with what the page shows, and tries the examples of the
+headers. Each block runs in a fresh copy of the design.
 """
 
+import argparse
 import concurrent.futures
 import difflib
 import json
@@ -21,14 +20,31 @@ TIME_LIMIT = 60
 
 
 class Runner:
-    def __init__(self, program, design, ccl_fio, scratch):
-        self.program = program
-        self.design = design
+    def __init__(self, options, scratch):
+        self.program = options.blocks
+        self.design = options.design
         self.scratch = scratch
         self.commands = scratch / "bin"
         self.commands.mkdir()
-        if ccl_fio:
-            os.symlink(ccl_fio, self.commands / "ccl-fio")
+        if options.ccl_fio:
+            os.symlink(options.ccl_fio, self.commands / "ccl-fio")
+        # How each kind of block is started, with its number and its text.
+        self.starters = {"program": lambda number, text: [options.blocks, number],
+                         "commands": lambda number, text: ["sh", "-e", "-c", text]}
+        if options.qt:
+            self.starters["qt"] = lambda number, text: [options.qt, number]
+        if options.tcl:
+            self.starters["tcl"] = self.tcl_script
+        self.options = options
+
+    def tcl_script(self, number, text):
+        script = self.scratch / f"{number}.tcl"
+        script.write_text(text)
+        return [self.options.tcl, str(script)]
+
+    def can_run(self, block):
+        return block.kind in self.starters and (self.options.ccl_fio or block.kind != "commands"
+                                                or "ccl-fio" not in block.text)
 
     def add_commands(self, number, programs):
         """Lets the block with this number start programs, each given as its name and the number of its block."""
@@ -56,8 +72,7 @@ class Runner:
         shutil.copytree(self.design, folder)
         if block.kind == "commands" and any(line.startswith("$ ") for line in block.text.splitlines()):
             return block.text, self.transcript(block, folder), ""
-        command = ["sh", "-e", "-c", block.text] if block.kind == "commands" else [self.program, str(number)]
-        ended = self.start(command, folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        ended = self.start(self.starters[block.kind](str(number), block.text), folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         wrong = f"ends with {ended.returncode}\n{ended.stderr}" if ended.returncode else ""
         if block.kind == "commands" and block.expected is None:
             return "", "", wrong  # a page need not show what a script says
@@ -97,33 +112,44 @@ def existing_tests():
 
 
 def main():
-    record, program, design, ccl_fio, *places = sys.argv[1:]
-    record = json.loads(pathlib.Path(record).read_text())
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--blocks", required=True, help="the program of the blocks")
+    parser.add_argument("--ccl-fio", help="the command, if it is built")
+    parser.add_argument("--qt", help="the program of what the tables say of Qt, if it is built")
+    parser.add_argument("--tcl", help="tclsh, if there is one")
+    parser.add_argument("record", help="blocks.json, as generate.py writes it")
+    parser.add_argument("design", help="the folder of which each block gets a copy")
+    parser.add_argument("places", nargs="*", help="the blocks to run, as in docs/recipes.md:10; all without this")
+    options = parser.parse_args()
+
+    record = json.loads(pathlib.Path(options.record).read_text())
     blocks = [pages.Block(**fields) for fields in record["blocks"]]
     complaints = list(record["untested"])
     missing = set(record["elsewhere"]) - existing_tests() if record["elsewhere"] else set()
     complaints += [f"no such test: {name}" for name in sorted(missing)]
     with tempfile.TemporaryDirectory(prefix="guide.") as scratch:
-        runner = Runner(program, design, ccl_fio, pathlib.Path(scratch))
+        runner = Runner(options, pathlib.Path(scratch))
         to_run = []
+        left_out = 0
         programs = {}  # of each page, the last of each name so far
         for number, block in enumerate(blocks):
             if block.kind == "commands":
                 runner.add_commands(number, programs.get(block.page, {}))
             if block.command:
                 programs.setdefault(block.page, {})[block.command] = number
-            elif block.kind == "commands" and not ccl_fio and "ccl-fio" in block.text:
-                print(f"{block.place}: left out, for ccl-fio is not built")
-            elif block.kind != "compile" and (not places or block.place in places):
-                to_run.append((number, block))
-        if not places:
+            elif block.kind != "compile" and (not options.places or block.place in options.places):
+                if runner.can_run(block):
+                    to_run.append((number, block))
+                else:
+                    left_out += 1
+        if not options.places:
             complaints += runner.try_headers()
         with concurrent.futures.ThreadPoolExecutor(2) as threads:
             for (_, block), outcome in zip(to_run, threads.map(lambda pair: runner.outcome(*pair), to_run)):
                 complaints.append(complaint(block, *outcome))
     complaints = [text for text in complaints if text]
     print("\n".join(complaints))
-    print(f"{len(to_run)} blocks ran, {len(complaints)} complaints")
+    print(f"{len(to_run)} ran, {left_out} need what is not here, {len(complaints)} complaints")
     return 1 if complaints else 0
 
 
