@@ -78,8 +78,8 @@ def classify(blocks, tested_elsewhere):
 
 
 CELL = re.compile(r"`([^`]+)` → `([^`]+)`")
-SYSTEMS = {"std::filesystem": ("program", "std::filesystem::path p({});"),
-           "Boost": ("program", "boost::filesystem::path p({});"),
+SYSTEMS = {"std::filesystem": ("program", "namespace fs = std::filesystem; fs::path p({});"),
+           "Boost": ("program", "namespace bfs = boost::filesystem; bfs::path p({});"),
            "here": ("program", "FIO_PATH p({});"),
            "Qt": ("qt", "QString const p(QStringLiteral({}));"),
            "Tcl": ("tcl", "set p {}")}
@@ -113,7 +113,8 @@ def read_cells(page, text):
                     lines = f"puts [if {{[catch {{{operation}}} result]}} {{format error}} {{list $result}}]\n"
                     before = declaration.format("{" + given.strip('"') + "}") + "\n" if given else ""
                 else:
-                    before = declaration.format(f'R"~({given[1:-1]})~"') if given else "int const p = 0;"
+                    path = f'R"~({given[1:-1]})~"' if heads[0] == "p" else '""'
+                    before = declaration.format(path)
                     lines = f" guide::show([&]() -> decltype(auto) {{ return {operation}; }}, p);\n"
                 cells.append(Block(page, number, head, [], before + lines, kind, result + "\n"))
     return cells
