@@ -1,5 +1,5 @@
-// Runs the block whose number is the first argument; the others are those of the block's own main. Without a number, the
-// examples of the headers.
+// Runs the blocks whose numbers, with commas between them, are the first argument. The other arguments are those of the
+// block's own main. Without an argument it tries the examples of the headers.
 
 #include <cstdlib>
 
@@ -11,7 +11,11 @@ int main(int argc, char** argv) {
   if (argc == 1) {
     return try_header_examples() == 0 ? 0 : 1;
   }
-  int const number = std::atoi(argv[1]);
-  auto* const run = number % 2 == 0 ? run_block_1 : run_block_2;
-  return run(number, argc - 1, argv + 1);
+  int status = 0;
+  for (char* rest = argv[1]; *rest != '\0' && status == 0; rest += *rest == ',' ? 1 : 0) {
+    int const number = static_cast<int>(std::strtol(rest, &rest, 10));
+    auto* const run = number % 2 == 0 ? run_block_1 : run_block_2;
+    status = run(number, argc - 1, argv + 1);
+  }
+  return status;
 }

@@ -18,6 +18,7 @@ class Block:
     text: str
     kind: str = ""
     expected: str = None  # standard output, from the block of text that follows
+    shares_run: bool = False  # touches no file and prints one line: those of one kind run in one process
 
     @property
     def place(self):
@@ -50,6 +51,11 @@ def read_blocks(page, text):
     return blocks
 
 
+def first_command(text):
+    """The first line of a block, without the remark behind it."""
+    return text.split("\n", 1)[0].split(" #")[0].strip()
+
+
 def classify(blocks, tested_elsewhere):
     """Gives each block its kind. The second result are the places of those that nothing tests."""
     tried = []
@@ -58,7 +64,7 @@ def classify(blocks, tested_elsewhere):
     for block in blocks:
         if block.language == "cpp":
             block.kind = "compile" if "compile" in block.words else "program"
-        elif (block.page, block.text.split("\n", 1)[0]) in tested_elsewhere:
+        elif (block.page, first_command(block.text)) in tested_elsewhere:
             previous = None
             continue
         elif block.language in ("sh", "console"):
@@ -116,7 +122,8 @@ def read_cells(page, text):
                     path = f'R"~({given[1:-1]})~"' if heads[0] == "p" else '""'
                     before = declaration.format(path)
                     lines = f" guide::show([&]() -> decltype(auto) {{ return {operation}; }}, p);\n"
-                cells.append(Block(page, number, head, [], before + lines, kind, result + "\n"))
+                cells.append(Block(page, number, head, [], before + lines, kind, result + "\n",
+                                   heads[0] == "p"))
     return cells
 
 

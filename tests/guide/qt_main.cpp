@@ -1,7 +1,13 @@
-// Runs the operation of Qt whose number is the first argument.
+// Runs the operations of Qt whose numbers, with commas between them, are the first argument.
 
 #include <cstdlib>
 
 int run_qt_block(int number, int argc, char** argv);
 
-int main(int argc, char** argv) { return run_qt_block(std::atoi(argv[1]), argc - 1, argv + 1); }
+int main(int argc, char** argv) {
+  int status = 0;
+  for (char* rest = argv[1]; *rest != '\0' && status == 0; rest += *rest == ',' ? 1 : 0) {
+    status = run_qt_block(static_cast<int>(std::strtol(rest, &rest, 10)), argc - 1, argv + 1);
+  }
+  return status;
+}

@@ -5,6 +5,7 @@ headers. Each block runs in a fresh copy of the design.
 
 import argparse
 import concurrent.futures
+import contextlib
 import difflib
 import json
 import os
@@ -19,6 +20,16 @@ import pages
 TIME_LIMIT = 60
 
 
+def state_of(folder):
+    """What a block could have changed in a folder."""
+    state = []
+    for path, folders, files in os.walk(folder):
+        for name in folders + files:
+            status = os.lstat(os.path.join(path, name))
+            state.append((path, name, status.st_ino, status.st_mode, status.st_size, status.st_mtime_ns))
+    return sorted(state)
+
+
 class Runner:
     def __init__(self, options, scratch):
         self.program = options.blocks
@@ -26,6 +37,7 @@ class Runner:
         self.scratch = scratch
         self.commands = scratch / "bin"
         self.commands.mkdir()
+        self.copies = []
         if options.ccl_fio:
             os.symlink(options.ccl_fio, self.commands / "ccl-fio")
         # How each kind of block is started, with its number and its text.
@@ -38,7 +50,7 @@ class Runner:
         self.options = options
 
     def tcl_script(self, number, text):
-        script = self.scratch / f"{number}.tcl"
+        script = self.scratch / f"{number.split(',')[0]}.tcl"
         script.write_text(text)
         return [self.options.tcl, str(script)]
 
@@ -54,10 +66,23 @@ class Runner:
             (folder / name).write_text(f'#!/bin/sh\nexec "{self.program}" {its_number} "$@"\n')
             (folder / name).chmod(0o755)
 
-    def start(self, arguments, folder, **settings):
-        temporary = folder.with_suffix(".tmp")
+    @contextlib.contextmanager
+    def design_copy(self):
+        """A copy of the design as it is in the repository. One that a block has left as it was serves the next one."""
+        try:
+            folder, state = self.copies.pop()
+        except IndexError:
+            folder = pathlib.Path(tempfile.mkdtemp(dir=self.scratch)) / "design"
+            shutil.copytree(self.design, folder)
+            state = state_of(folder)
+        yield folder
+        if state_of(folder) == state:
+            self.copies.append((folder, state))
+
+    def start(self, number, arguments, folder, **settings):
+        temporary = self.scratch / f"{number}.tmp"
         temporary.mkdir(exist_ok=True)
-        path = f"{folder.with_suffix('.bin')}:{self.commands}:/usr/bin:/bin"
+        path = f"{self.scratch}/{number}.bin:{self.commands}:/usr/bin:/bin"
         environment = {"PATH": path, "TMPDIR": str(temporary), "HOME": str(temporary), "LC_ALL": "C.UTF-8",
                        "COLUMNS": "80"}
         for name in ("LD_LIBRARY_PATH", "LD_PRELOAD"):
@@ -68,11 +93,14 @@ class Runner:
 
     def outcome(self, number, block):
         """What the block should print, what it prints, and what else is wrong."""
-        folder = self.scratch / f"{number}"
-        shutil.copytree(self.design, folder)
+        with self.design_copy() as folder:
+            return self.outcome_in(folder, number, block)
+
+    def outcome_in(self, folder, number, block):
         if block.kind == "commands" and any(line.startswith("$ ") for line in block.text.splitlines()):
-            return block.text, self.transcript(block, folder), ""
-        ended = self.start(self.starters[block.kind](str(number), block.text), folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+            return block.text, self.transcript(number, block, folder), ""
+        ended = self.start(number, self.starters[block.kind](str(number), block.text), folder, stdout=subprocess.PIPE,
+                           stderr=subprocess.PIPE)
         wrong = f"ends with {ended.returncode}\n{ended.stderr}" if ended.returncode else ""
         if block.kind == "commands" and block.expected is None:
             return "", "", wrong  # a page need not show what a script says
@@ -80,20 +108,31 @@ class Runner:
             wrong = f"writes to standard error: {ended.stderr}"
         return block.expected or "", ended.stdout, wrong
 
+    def shared_run(self, kind, pairs):
+        """The complaints about blocks of one kind that run together, each of which prints a line."""
+        numbers = ",".join(str(number) for number, _ in pairs)
+        folder = self.scratch / f"shared_{kind}"
+        folder.mkdir()
+        command = self.starters[kind](numbers, "".join(block.text for _, block in pairs))
+        ended = self.start(kind, command, folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        printed = ended.stdout.splitlines(keepends=True) + [""] * len(pairs)
+        complaints = [complaint(block, block.expected, line, "") for (_, block), line in zip(pairs, printed)]
+        return complaints + ([f"ends with {ended.returncode}\n{ended.stderr}"] if ended.returncode else [])
+
     def try_headers(self):
         """What the program says of the examples of the headers."""
-        folder = self.scratch / "headers"
-        shutil.copytree(self.design, folder)
-        ended = subprocess.run([self.program], cwd=folder, capture_output=True, text=True, timeout=TIME_LIMIT)
+        with self.design_copy() as folder:
+            ended = self.start("headers", [self.program], folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         said = ended.stdout.splitlines()
         return said if ended.returncode in (0, 1) else said + [f"the examples of the headers: {ended.stderr}"]
 
-    def transcript(self, block, folder):
+    def transcript(self, number, block, folder):
         """The commands of a block, each with what it writes to standard output and standard error."""
         said = ""
         for line in block.text.splitlines():
             if line.startswith("$ "):
-                ended = self.start(["sh", "-c", line[2:]], folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+                ended = self.start(number, ["sh", "-c", line[2:]], folder, stdout=subprocess.PIPE,
+                                   stderr=subprocess.STDOUT)
                 said += line + "\n" + ended.stdout
         return said
 
@@ -104,11 +143,6 @@ def complaint(block, expected, printed, wrong):
                                      lineterm="", n=1)
         wrong = "prints something else\n" + "\n".join(lines) + "\n" + wrong
     return f"{block.place}: {wrong}" if wrong else None
-
-
-def existing_tests():
-    listed = subprocess.run(["ctest", "--show-only=json-v1"], capture_output=True, text=True, check=True).stdout
-    return {test["name"] for test in json.loads(listed)["tests"]}
 
 
 def main():
@@ -125,8 +159,6 @@ def main():
     record = json.loads(pathlib.Path(options.record).read_text())
     blocks = [pages.Block(**fields) for fields in record["blocks"]]
     complaints = list(record["untested"])
-    missing = set(record["elsewhere"]) - existing_tests() if record["elsewhere"] else set()
-    complaints += [f"no such test: {name}" for name in sorted(missing)]
     with tempfile.TemporaryDirectory(prefix="guide.") as scratch:
         runner = Runner(options, pathlib.Path(scratch))
         to_run = []
@@ -144,8 +176,12 @@ def main():
                     left_out += 1
         if not options.places:
             complaints += runner.try_headers()
+        alone = [pair for pair in to_run if not pair[1].shares_run]
+        for kind in ("program", "qt", "tcl"):
+            together = [pair for pair in to_run if pair[1].shares_run and pair[1].kind == kind]
+            complaints += runner.shared_run(kind, together) if together else []
         with concurrent.futures.ThreadPoolExecutor(2) as threads:
-            for (_, block), outcome in zip(to_run, threads.map(lambda pair: runner.outcome(*pair), to_run)):
+            for (_, block), outcome in zip(alone, threads.map(lambda pair: runner.outcome(*pair), alone)):
                 complaints.append(complaint(block, *outcome))
     complaints = [text for text in complaints if text]
     print("\n".join(complaints))
