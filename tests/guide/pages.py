@@ -57,13 +57,14 @@ def first_command(text):
 
 
 def classify(blocks, tested_elsewhere):
-    """Gives each block its kind. The second result are the places of those that nothing tests."""
+    """Gives each block its kind. The second result are the complaints about those that cannot be tried."""
     tried = []
     untested = []
     previous = None
     for block in blocks:
         if block.language == "cpp":
             block.kind = "compile" if "compile" in block.words else "program"
+            untested += [f"{block.place}: <{name}> is missing" for name in missing_includes(block)]
         elif (block.page, first_command(block.text)) in tested_elsewhere:
             previous = None
             continue
@@ -140,8 +141,31 @@ def split_includes(text):
     return includes, "\n".join("" if INCLUDE.match(line) else line for line in lines)
 
 
-def is_whole_program(text):
-    return MAIN.search(text) is not None
+STATEMENTS_NEED = ["#include <ccl/fio/fio.h>", "#include <cstdio>", "#include <iostream>", "#include <string>",
+                   "#include <vector>"]
+
+# What a block must include for the names that it uses, since its neighbours would bring them too.
+NAMES = {"algorithm": r"std::(sort|find_if|find|any_of|count_if|min|max|copy)\b", "cerrno": r"\berrno\b",
+         "chrono": r"std::chrono\b", "cstdio": r"std::(FILE|printf|puts|fputs|fprintf|perror|fclose|snprintf|fread)\b",
+         "cstdlib": r"std::(getenv|exit|abort|strtol)\b", "cstring": r"std::(strerror|strlen|strcmp)\b",
+         "ctime": r"std::(time|difftime)\(", "fcntl.h": r"\bO_[A-Z]+\b", "filesystem": r"std::filesystem\b",
+         "fstream": r"std::[io]?fstream\b", "functional": r"std::function\b",
+         "iostream": r"std::(cout|cerr|cin)\b", "list": r"std::list\b", "map": r"std::map\b",
+         "memory": r"std::(unique_ptr|shared_ptr|make_unique|make_shared)\b", "mutex": r"std::(mutex|lock_guard)\b",
+         "set": r"std::set\b", "sstream": r"std::[io]?stringstream\b", "string": r"std::(string|to_string)\b",
+         "system_error": r"std::(error_code|errc|system_error)\b", "thread": r"std::thread\b",
+         "unistd.h": r"(?<![\w>])::(close|write|read|fsync|getpid|fork|unlink|symlink|access|dup2?)\(",
+         "unordered_map": r"std::unordered_map\b", "unordered_set": r"std::unordered_set\b",
+         "vector": r"std::vector\b"}
+
+
+def missing_includes(block):
+    """The headers of standard names that a block uses and does not include."""
+    includes, rest = split_includes(block.text)
+    if MAIN.search(block.text) is None:
+        includes = includes + STATEMENTS_NEED
+    present = " ".join(includes)
+    return [name for name, pattern in NAMES.items() if f"<{name}>" not in present and re.search(pattern, rest)]
 
 
 def as_function(block, name):
@@ -159,15 +183,3 @@ def as_function(block, name):
     end = text.rindex("}", main.start(), end_of_line) if one_line else text.index("\n}", main.start()) + 1
     parameters = main.group(1).strip() or "int, char**"
     return (here + text[:main.start()] + f"int {name}({parameters})" + text[main.end():end] + "return 0; " + text[end:])
-
-
-STATEMENTS_NEED = ["#include <ccl/fio/fio.h>", "#include <cstdio>", "#include <iostream>", "#include <string>",
-                   "#include <vector>"]
-
-
-def as_source(block):
-    """The block as a source file of its own, as a reader has it."""
-    includes, rest = split_includes(block.text)
-    if is_whole_program(block.text):
-        return f'#line {block.line} "{block.page}"\n{block.text}'
-    return "\n".join(STATEMENTS_NEED + includes) + "\n" + as_function(block, "main")
