@@ -11,7 +11,7 @@ packages_to_build="g++ cmake ninja-build libboost-dev libboost-filesystem-dev li
   libfmt-dev"
 packages_to_bind="tcl-dev pybind11-dev python3-dev"
 packages_to_check="$packages_to_bind libgtest-dev clang-format pkgconf abigail-tools mandoc doxygen gdb strace \
-  tcl-thread python3-pytest mypy"
+  tcl-thread python3 python3-pytest mypy"
 packages_to_check_all="clang libclang-rt-14-dev clang-tidy valgrind qt6-base-dev chromium chromium-driver python3-selenium"
 packages_to_measure="gcovr"
 
