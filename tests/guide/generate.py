@@ -46,7 +46,7 @@ def unit_source(own, function, includes):
     """A source with all these numbered blocks, and a function that runs the one with a number."""
     text = ""
     cases = ""
-    lines = dict.fromkeys(pages.STATEMENTS_NEED + [f"#include {name}" for name in includes])
+    lines = dict.fromkeys(pages.UNSAID_INCLUDES + [f"#include {name}" for name in includes])
     for number, block in own:
         lines.update(dict.fromkeys(pages.split_includes(block.text)[0]))
         text += f"namespace block_{number} {{\n{pages.as_function(block, 'run')}}} // namespace\n"
