@@ -122,7 +122,7 @@ class Runner:
     def try_headers(self):
         """What the program says of the examples of the headers."""
         with self.design_copy() as folder:
-            ended = self.start("headers", [self.program], folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+            ended = self.start("headers", [self.program, "-1"], folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         said = ended.stdout.splitlines()
         return said if ended.returncode in (0, 1) else said + [f"the examples of the headers: {ended.stderr}"]
 
