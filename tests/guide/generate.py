@@ -2,8 +2,8 @@
 """generate.py ROOT FOLDER UNITS TESTED_ELSEWHERE PAGE_OR_HEADER...
 
 Writes the C++ blocks of the pages as sources blocks_1.cpp to blocks_UNITS.cpp into FOLDER, the examples of the headers
-as header_examples.cpp, what the tables say of Qt as qt_blocks.cpp, and what the blocks are as blocks.json. main.cpp calls
-run_block, which is in dispatch.cpp and, for Qt, in qt_blocks.cpp.
+as header_examples.cpp, what the tables say of Qt as qt_blocks.cpp, and what the blocks are as blocks.json. main.cpp
+calls run_block, which is in dispatch.cpp and, for Qt, in qt_blocks.cpp.
 """
 
 import dataclasses
@@ -68,7 +68,8 @@ def unit_source(own, function, support):
 def main():
     root, folder, units, elsewhere, *names = sys.argv[1:]
     root, folder, units = pathlib.Path(root), pathlib.Path(folder), int(units)
-    lines = [line.split(" | ") for line in pathlib.Path(elsewhere).read_text().splitlines() if line[:1] not in ("", "#")]
+    lines = pathlib.Path(elsewhere).read_text().splitlines()
+    lines = [line.split(" | ") for line in lines if line[:1] not in ("", "#")]
     texts = {name: (root / name).read_text() for name in names}
     shown = {name: text for name, text in texts.items() if name.endswith(".md")}
     found = [block for name, text in shown.items() for block in pages.read_blocks(name, text)]

@@ -12,6 +12,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+// Before the header that formats paths by it.
+#if __has_include(<fmt/format.h>)
+#include <fmt/format.h>
+#endif
+#include <ccl/fio/fio_std.h>
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

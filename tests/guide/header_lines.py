@@ -41,7 +41,7 @@ def operation(comment, declaration):
 
 
 def blocks(comment):
-    """The indented blocks of a comment that show a result. A line that begins with the arrow belongs to the last one."""
+    """The indented blocks of a comment that show a result. A line that begins with the arrow goes on with the last one."""
     block = []
     for number, text in comment + [(0, "")]:
         if text.startswith("     "):
@@ -59,6 +59,8 @@ def blocks(comment):
 def split_line(text):
     """The input and the output of a line; None for a line without an output."""
     arrow = re.search(r"\s*=> ", re.sub(STRING, lambda match: "x" * len(match.group()), text))
+    if arrow is None and "=>" in text and "<=>" not in text:
+        raise SystemExit(f"there is no result in this line: {text}")
     return (text[:arrow.start()], text[arrow.end():]) if arrow else None
 
 
@@ -68,7 +70,7 @@ def is_code(block):
 
 
 def parse_output(text, place):
-    """A list of label, separator of the label, and value; and whether the text is words for people, to be taken whole."""
+    """A list of label, separator of the label, and value; and whether the text is to be taken whole."""
     if BYTES.match(text):
         return [("", "", text)], True
     segments = []

@@ -1,5 +1,5 @@
-// Runs the blocks whose numbers, with commas between them, are the first argument: -1 is the examples of the headers. The
-// other arguments are those of the block's own main.
+// Runs the blocks whose numbers, with commas between them, are the first argument: -1 is the examples of the headers.
+// The other arguments are those of the block's own main.
 
 #include <cstdlib>
 

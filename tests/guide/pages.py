@@ -145,8 +145,8 @@ def split_includes(text):
 UNSAID_INCLUDES = ["#include <ccl/fio/fio.h>", "#include <cstdio>", "#include <iostream>", "#include <string>",
                    "#include <vector>"]
 
-# What a block must include for the names that it uses, since its neighbours would bring them too. What the operations of
-# the library return or take comes with their headers.
+# What a block must include for the names that it uses, since its neighbours would bring them too. What the operations
+# of the library return or take comes with their headers.
 NAMES = {"algorithm": r"std::(sort|find_if|find|any_of|count_if|min|max|copy)\b", "cerrno": r"\berrno\b",
          "chrono": r"std::chrono\b", "cstdio": r"std::(FILE|printf|puts|fputs|fprintf|perror|fclose|snprintf|fread)\b",
          "cstdlib": r"std::(getenv|exit|abort|strtol)\b", "cstring": r"std::(strerror|strlen|strcmp)\b",
