@@ -41,7 +41,7 @@ def operation(comment, declaration):
 
 
 def blocks(comment):
-    """The indented blocks of a comment that show a result. A line that begins with the arrow goes on with the last one."""
+    """The indented blocks of a comment that show a result. A line that begins with the arrow continues the last one."""
     block = []
     for number, text in comment + [(0, "")]:
         if text.startswith("     "):
