@@ -24,10 +24,13 @@ full=
 
 need_packages $packages_to_build $packages_to_check ${full:+$packages_to_check_all $packages_to_measure}
 
-# What the quick form leaves to the others: the tests that build the library once more or programs that use it, another
-# compiler, the page in a browser, and the longest campaigns.
-longer_tests='^(sweeps\.system_call_sweep|faults\.real_faults|package\.(stands_on_another_platform|starts_.*)'
-longer_tests="$longer_tests"'|headers\.std_.*_with_clang.*|ccl-fio\.writes_a_page_that_works_in_a_browser)$'
+# What the quick form leaves to the others: the tests that build the library once more, or programs that use it, or
+# install what was tested where it was built; another compiler, and its language of another year; the page in a browser,
+# all but one session of the debugger, and the longest campaigns.
+longer_tests='^(package\.(stands_on_another_platform|starts_.*)|tcl\.installed\..*|python\.(works_in_a_prefix_.*|stubs)'
+longer_tests="$longer_tests"'|headers\.std_.*_(with_clang.*|cxx20)|ccl-fio\.writes_a_page_that_works_in_a_browser'
+longer_tests="$longer_tests"'|debugger\.(shows_(the|memory|what_it).*|agrees_.*)'
+longer_tests="$longer_tests"'|sweeps\.system_call_sweep|faults\.real_faults|model\.exhaustive_texts)$'
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
