@@ -1,4 +1,4 @@
-"""Fails when a page of a site has a link into the site that leads nowhere, or a picture that is not there.
+"""Fails when a page of a site has a link that leads nowhere or out of its folder, or a picture that is not there.
 
 usage: check_links.py FOLDER
 """
@@ -47,7 +47,8 @@ def main():
             if address.path:
                 target = os.path.normpath(os.path.join(os.path.dirname(path), urllib.parse.unquote(address.path)))
             anchor = urllib.parse.unquote(address.fragment)
-            if not os.path.exists(target) or target in pages and anchor not in pages[target].anchors:
+            inside = target.startswith(folder + os.sep) and os.path.exists(target)
+            if not inside or target in pages and anchor not in pages[target].anchors:
                 dead.append(f"{os.path.relpath(path, folder)}: {link}")
     for line in dead:
         print(f"leads nowhere: {line}")

@@ -33,6 +33,14 @@ endif()
 file(READ ${pages}/index.html main_page)
 expect("${main_page}" "href=\"fio__path_8h\\.html\"")
 
+# The navigation has every page of the guide below its index.
+file(READ ${pages}/md_docs_guide_README.js guide)
+file(GLOB guide_pages RELATIVE ${SOURCE}/docs/guide ${SOURCE}/docs/guide/[a-z]*.md)
+foreach(page IN LISTS guide_pages)
+  string(REPLACE ".md" ".html" page md_docs_guide_${page})
+  expect("${guide}" "\"${page}\"")
+endforeach()
+
 # A header is included by its path from the root.
 file(GLOB class_pages ${pages}/class*.html ${pages}/struct*.html)
 foreach(page IN LISTS class_pages)
