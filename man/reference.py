@@ -184,12 +184,14 @@ def members(compound):
     lines = []
     if compound.findtext("compoundname").endswith("_IMPL"):
         return []
+    bases = [base.text for base in compound.findall("basecompoundref")]
     for part in compound.findall("sectiondef"):
         if part.get("kind").startswith(("private", "protected")):
             continue
         items = []
         for member in part.findall("memberdef"):
-            if LEFT_OUT.match(member.findtext("name")) or member.get("kind") == "friend":
+            # The page of the base has its constructors.
+            if LEFT_OUT.match(member.findtext("name")) or member.findtext("name") in bases or member.get("kind") == "friend":
                 continue
             content = blocks(member.find("briefdescription")) + blocks(member.find("detaileddescription"))
             if content[:1] == [".Pp"]:

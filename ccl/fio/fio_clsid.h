@@ -44,7 +44,7 @@ enum FIO_CLSID_FORMAT : int {
 ///
 ///     "{12zz5678-0000-0000-0000-000000000000}"   => Data1 is 0x12: the first three fields stop at a character that is
 ///                                                   no digit
-///     "{00000000-0000-0000-0000-g00000000000}"   => all zero: each pair behind the third dash needs a digit
+///     "{00000000-0000-0000-0000-g00000000000}"   => all zero: each pair after the third dash needs a digit
 ///     ""                                         => all zero
 ///
 /// @return the identifier, or `FIO_CLSID_NULL` for a string that is not one; the string of `FIO_CLSID_NULL` itself

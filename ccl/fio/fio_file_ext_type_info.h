@@ -81,7 +81,7 @@ extern FIO_EXPORT char const* fio_empty_result_value;
 /// `FIO_EXTENSION_TYPE_INVALID` if it has none that is known.
 ///
 ///     "a.VHD", "/x/y.vhd", ".vhd", "vhd"   => FIO_EXTENSION_TYPE_VHD
-///     "top.csf.rpt"                        => FIO_EXTENSION_TYPE_RPT: only what stands behind the last dot counts
+///     "top.csf.rpt"                        => FIO_EXTENSION_TYPE_RPT: only what follows the last dot counts
 ///     "foo", "foo.", "dir/vhd", ""         => FIO_EXTENSION_TYPE_INVALID
 ///
 /// Of two types with one string the lower one is returned. The strings with two dots or with capital letters cannot be
