@@ -34,7 +34,7 @@ file(READ ${pages}/index.html main_page)
 expect("${main_page}" "href=\"fio__path_8h\\.html\"")
 
 # The navigation has every page of the guide below its index.
-file(READ ${pages}/md_docs_guide_README.js guide)
+file(READ ${pages}/Guide.js guide)
 file(GLOB guide_pages RELATIVE ${SOURCE}/docs/guide ${SOURCE}/docs/guide/[a-z]*.md)
 foreach(page IN LISTS guide_pages)
   string(REPLACE ".md" ".html" page md_docs_guide_${page})
