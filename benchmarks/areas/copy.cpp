@@ -81,7 +81,7 @@ void add_copy_workloads() {
   });
   add_copy(
       bare_calls, [](std::string const&, std::string const&) { return copy_known(); },
-      "the entries are known, and nothing is asked");
+      "the entries are known, and nothing is tested");
   add_copy(
       "not forced out",
       [](std::string const& source_top, std::string const& target_top) {
@@ -95,7 +95,7 @@ void add_copy_workloads() {
   });
   add_removal(least_code, [](std::string const& top) { return floors::remove_tree(top); });
   add_removal(
-      bare_calls, [](std::string const&) { return remove_known(); }, "the entries are known, and nothing is asked");
+      bare_calls, [](std::string const&) { return remove_known(); }, "the entries are known, and nothing is tested");
   add_removal(
       libc,
       [](std::string const& top) {
@@ -103,7 +103,7 @@ void add_copy_workloads() {
                    top.c_str(), [](char const* path, struct stat const*, int, FTW*) { return std::remove(path); }, 16,
                    FTW_DEPTH | FTW_PHYS) == 0;
       },
-      "nftw; no permission asked");
+      "nftw; no test of permission");
 }
 
 } // namespace bench

@@ -232,11 +232,11 @@ void add_bare_calls() {
         }
         visit(std::strcmp(pairs[item].first.c_str(), pairs[item].second.c_str()) < 0);
       },
-      "reads environment and current directory, and compares the texts");
+      "reads environment and current directory, and compares the strings");
   add(
       "compare.other_name", bare_calls, neighbours,
       [](text_pairs const& pairs, std::size_t item, auto visit) { visit(pairs[item].first == pairs[item].second); },
-      "compares the texts");
+      "compares the strings");
 }
 
 // A path without one sentence of the contract: what that sentence costs.
@@ -285,9 +285,9 @@ void add_variants() {
 } // namespace
 
 void add_path_workloads() {
-  add_workload("path.construct", "construct a path from a text");
-  add_workload("path.construct_and_read", "construct a path and copy directory, base, extension and text");
-  add_workload("path.assign", "assign a text to a path");
+  add_workload("path.construct", "construct a path from a string");
+  add_workload("path.construct_and_read", "construct a path and copy directory, base, extension and string");
+  add_workload("path.assign", "assign a string to a path");
   add_workload("path.copy", "copy-construct a path");
   add_workload("path.move", "move a path away and back");
   add_workload("edit.append", "append \"memory/fifo.v\" to a directory", state_is::made_for_each_pass);

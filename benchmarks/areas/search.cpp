@@ -64,7 +64,7 @@ void add_searches(char const* workload, std::vector<std::string> const& (*names)
           visit(::stat(question.c_str(), &status));
         }
       },
-      "asks the same questions on texts that exist");
+      "makes the same tests on strings that exist");
   add(
       workload, "one question",
       [names] {
@@ -82,14 +82,14 @@ void add_searches(char const* workload, std::vector<std::string> const& (*names)
           }
         }
       },
-      "asks for the file alone, not for its directory");
+      "tests the file alone, not its directory");
   add(
       workload, "find",
       [names] {
         return searches<FIO_FIND>{std::make_shared<FIO_FIND const>(searched_tree().search_path(';'), false), names()};
       },
       [](auto const& state, std::size_t item, auto visit) { visit(state.search->find(state.names[item])); },
-      "the library's search for a text, which asks for the file alone");
+      "the library's search for a string, which tests the file alone");
 }
 
 } // namespace

@@ -70,7 +70,7 @@ void add_directory_walks(char const* workload, char const* pattern, std::string 
         }
         ::closedir(stream);
       },
-      "asks in the open directory, by the name alone");
+      "reads the status in the open directory, by the name alone");
   add(
       workload, "no status", state,
       [](directory_walk const& walk, std::size_t, auto visit) {
@@ -153,7 +153,7 @@ void add_tree_walks() {
             },
             16, FTW_PHYS));
       },
-      "libc's; asks the status of every entry");
+      "libc's; reads the status of every entry");
 }
 
 } // namespace

@@ -28,9 +28,9 @@ struct boost_names {
 } // namespace
 
 void add_boost() {
-  add_filesystem<boost_names>("Boost", "not divided before it is read", "three statuses an entry",
-                              "content by copy_file_range, forced out by fdatasync, no permission asked",
-                              "no permission asked");
+  add_filesystem<boost_names>("Boost", "parsed only when it is read", "three statuses an entry",
+                              "content by copy_file_range, forced out by fdatasync, no test of permission",
+                              "no test of permission");
 }
 
 } // namespace bench

@@ -80,7 +80,7 @@ void add_glib() {
       [](std::shared_ptr<GPatternSpec> const& pattern, std::string const& text) {
         return g_pattern_spec_match_string(pattern.get(), text.c_str()) != 0;
       });
-  add_searches(name, "asks by access", make, [](std::string const& directory, std::string const& text, auto visit) {
+  add_searches(name, "calls access", make, [](std::string const& directory, std::string const& text, auto visit) {
     if (!g_file_test(directory.c_str(), G_FILE_TEST_EXISTS)) {
       return false;
     }
@@ -101,7 +101,7 @@ void add_glib() {
     }
     g_dir_close(opened);
   });
-  add_tree_walk(name, "GDir; asks the status of every entry", [](std::string const& top, auto visit) {
+  add_tree_walk(name, "GDir; reads the status of every entry", [](std::string const& top, auto visit) {
     std::string path = top;
     walk_tree(path, visit);
   });

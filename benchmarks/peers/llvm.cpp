@@ -71,7 +71,7 @@ void add_llvm() {
       name, "pattern compiled before",
       [](std::string const& pattern) { return llvm::cantFail(llvm::GlobPattern::create(pattern)); },
       [](llvm::GlobPattern const& pattern, std::string const& from) { return pattern.match(from); });
-  add_searches(name, "no object; asks by access", make, [](text const& directory, std::string const& to, auto visit) {
+  add_searches(name, "no object; calls access", make, [](text const& directory, std::string const& to, auto visit) {
     if (!fs::exists(directory)) {
       return false;
     }
@@ -101,7 +101,7 @@ void add_llvm() {
     }
   });
   add_removal(
-      name, [](std::string const& top) { return !fs::remove_directories(top, false); }, "no permission asked");
+      name, [](std::string const& top) { return !fs::remove_directories(top, false); }, "no test of permission");
 }
 
 } // namespace bench

@@ -29,14 +29,14 @@ Path absolute(Path const& value) { return Path(value).makeAbsolute(); }
 
 void add_poco() {
   auto const make = [](std::string const& text) { return Path(text); };
-  add_path_values(name, "a list of levels; the text is made when it is read", make, [](Path const& value, auto visit) {
+  add_path_values(name, "a list of levels; joined when it is read", make, [](Path const& value, auto visit) {
     visit(value.parent().toString());
     visit(value.getBaseName());
     visit(value.getExtension());
     visit(value.toString());
   });
   add_edits(
-      name, "the text is made too", make,
+      name, "the string is made too", make,
       [](Path& value) {
         value = without_name(value).append(appended);
         keep()(value.toString());
@@ -76,7 +76,7 @@ void add_poco() {
     }
     return found;
   });
-  add_directory_walk(name, "three statuses an entry, and no permission asked of the system",
+  add_directory_walk(name, "three statuses an entry, and no test of permission by the system",
                      [](std::string const& directory, auto visit) {
                        for (Poco::DirectoryIterator entry(directory), end; entry != end; ++entry) {
                          visit(entry.path());
@@ -85,7 +85,7 @@ void add_poco() {
                          visit(entry->canWrite());
                        }
                      });
-  add_tree_walk(name, "asks the status of every entry", [](std::string const& top, auto visit) {
+  add_tree_walk(name, "reads the status of every entry", [](std::string const& top, auto visit) {
     for (Poco::SimpleRecursiveDirectoryIterator entry(top), end; entry != end; ++entry) {
       visit(entry.path());
     }

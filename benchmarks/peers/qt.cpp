@@ -72,7 +72,7 @@ void add_qt() {
       [](QRegularExpression const& expression, std::string const& text) {
         return expression.match(QString::fromStdString(text)).hasMatch();
       });
-  add_searches(name, "asks by access; UTF-16", make, [](QString const& directory, std::string const& text, auto visit) {
+  add_searches(name, "calls access; UTF-16", make, [](QString const& directory, std::string const& text, auto visit) {
     if (!QFileInfo::exists(directory)) {
       return false;
     }

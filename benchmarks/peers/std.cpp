@@ -29,7 +29,7 @@ struct std_names {
 
 void add_std() {
   add_filesystem<std_names>("std", "", "two statuses an entry",
-                            "content by sendfile, nothing forced out, no permission asked", "no status of an entry");
+                            "content by sendfile, nothing forced out, no test of permission", "no status of an entry");
 }
 
 } // namespace bench

@@ -35,7 +35,7 @@ def renew(program):
     counts = library_counts(program)
     versions = measurements.versions()
     with open(COUNTS, "w") as out:
-        out.write("# Instructions an operation of the library takes, counted by callgrind on the generated texts.\n"
+        out.write("# Instructions an operation of the library takes, counted by callgrind on the generated paths.\n"
                   "# scripts/bench.sh --check fails when a workload has become dearer; --renew writes them anew.\n"
                   f"# {versions['compiler']}; {versions['libc']}\n")
         for workload in measurements.registry(program).titles:
@@ -73,15 +73,15 @@ def measure(program, quick):
     figures["allocations"] = measurements.allocations(program)
     say("system calls")
     figures["system_calls"] = measurements.system_calls(program, r"^(?!growth)")
-    say("instructions, generated texts")
+    say("instructions, generated paths")
     figures["instructions"] = measurements.instructions(program)
     texts = os.path.join(folder, "machine_texts.txt")
     measurements.machine_texts(program, texts, 10000)
-    say("instructions, the machine's texts")
+    say("instructions, the machine's paths")
     figures["machine_instructions"] = measurements.instructions(
         program, r"^(path|edit|simplify|absolute|relative|compare|wildcard|vocabulary)\b.*:(fio|floor)$",
         f"--texts={texts}")
-    say("results, the machine's texts")
+    say("results, the machine's paths")
     figures["comparison"] = measurements.run([os.path.join(folder, "benchmark_smoke"), texts]).strip()
     repetitions, minimum = (2, 0.001) if quick else (7, 0.02)
     times = measurements.times(program, workloads, texts, repetitions, minimum)

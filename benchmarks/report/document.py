@@ -91,9 +91,9 @@ def setting(figures):
 | processor | {versions["processor"]} |
 | system | {versions["system"]}, {versions["libc"]} |
 | compiler | {versions["compiler"]}, Release |
-| peers, as Debian packs them | {"; ".join(found)} |
-| the machine's texts | {texts["count"]:,} paths of its file system, {texts["mean"]:.0f} characters on average |
-| generated texts | 2,000 paths of a seeded generator, the same everywhere |
+| peers, as packaged by Debian | {"; ".join(found)} |
+| the machine's paths | {texts["count"]:,} paths of its file system, {texts["mean"]:.0f} characters on average |
+| generated paths | 2,000 paths of a seeded generator, the same everywhere |
 | files | in shared memory, where the system lets them be made |
 | results of the library and the floor | {figures.comparison.removeprefix("benchmarks: ")} |
 | repetitions of a time | differ by {spreads[len(spreads) // 2] - 1:.0%} in the median, {spreads[len(spreads) * 9 // 10] - 1:.0%} in nine of ten |
@@ -123,7 +123,7 @@ def counts_table(figures):
             both(figures.allocations.get),
             both(lambda name: sum(figures.system_calls.get(name, {}).values())),
         ])
-    return table(["workload", "an operation", "instructions, fio / floor", "ratio", "machine's texts",
+    return table(["workload", "an operation", "instructions, fio / floor", "ratio", "machine's paths",
                   "allocations, fio / floor", "system calls, fio / floor"], rows)
 
 
@@ -193,20 +193,20 @@ def contract(figures):
         ["the environment is read at each simplification",
          f"{environment:.0f} ns, {counted('simplify.clean', 'bare'):.0f} instructions, more in an environment of more "
          f"variables; a whole simplification of a clean path takes {time('simplify.clean'):.0f} ns",
-         "simplify once, where a path comes in, and compare texts from there on"],
+         "simplify once, when a path is read, and compare strings from there on"],
         ["a comparison reads the current directory once for each operand, absolute ones too",
          f"{current:.0f} ns each, by a system call; `<` takes {time('compare.less'):.0f} ns, of which "
          f"{2 * current / time('compare.less'):.0%} are these two",
-         "compare the texts of paths that are absolute and simplified: `os_specific_comparison` takes "
+         "compare the strings of paths that are absolute and simplified: `os_specific_comparison` takes "
          f"{time('compare.less', 'by text'):.1f} ns, and a sort of 100 "
          f"{time('compare.sort', 'by text') / 1000:.0f} µs in the place of {time('compare.sort') / 1000:.0f}"],
-        ["a search asks for each directory before it asks for the file in it",
+        ["a search tests each directory before the file in it",
          f"a miss over 50 directories takes {time('search.miss') / 1000:.0f} µs and {figures.calls('search.miss'):.0f} "
-         f"system calls; with one question it would be {time('search.miss', 'one question') / 1000:.0f} µs",
-         f"`find` asks for the file alone and gives a text: {time('search.miss', 'find') / 1000:.0f} µs; leave "
+         f"system calls; with one test it would be {time('search.miss', 'one question') / 1000:.0f} µs",
+         f"`find` tests the file alone and returns a string: {time('search.miss', 'find') / 1000:.0f} µs; leave "
          "directories that do not exist out of the list"],
-        ["`findfirst` and `findnext` ask for status and permission of each match",
-         f"an entry takes {time('walk.all'):.0f} ns; what the directory itself says takes "
+        ["`findfirst` and `findnext` read status and permission of each match",
+         f"an entry takes {time('walk.all'):.0f} ns; the directory alone takes "
          f"{time('walk.all', 'no status'):.0f}",
          "where names and kinds are enough, use the directory iterator"],
         ["a copied file is forced to stable storage",
@@ -217,7 +217,7 @@ def contract(figures):
          f"{time('streams.write'):.0f} ns for four bytes written, {time('streams.read'):.0f} read; past the state of "
          f"the stream {time('streams.write', 'bare'):.1f} and {time('streams.read', 'bare'):.1f}",
          "read and write blocks of bytes on the stream itself where the order of bytes is no matter"],
-        ["a type is found by a walk over the vocabulary, with no index to be built or kept",
+        ["a type is found by a scan of the vocabulary, with no index to be built or kept",
          f"{time('vocabulary.type_by_name'):.0f} ns a name, {time('vocabulary.type_by_name', 'hash table'):.0f} with a "
          "table that is built first",
          "for very many names, keep the types of the extensions that were seen"],
@@ -232,15 +232,15 @@ Written by `scripts/bench.sh`, which builds and measures everything again; nothi
 Each workload is done by the library (fio), by its **floor**, and by every peer that has the operation. The floor is the
 least code that has the same results, byte for byte, and makes the same system calls: five strings of its own for a
 path, the environment and the current directory read as often. The figures of this page are multiples of the floor: 1 is
-the least that the contract allows, and a peer below 1 does less, which the table under "What peers do otherwise"
-says. `benchmarks/areas` and `benchmarks/peers` have each workload as it is written for the library and for its peers.
+the least that the contract allows, and a peer below 1 does less, as the table under "What peers do otherwise"
+lists. `benchmarks/areas` and `benchmarks/peers` have each workload as it is written for the library and for its peers.
 {setting}
 ## Time
 
 ![Processor time of the library and its peers, in multiples of the floor]({ratios})
 
-Processor time on the machine's texts: each run stands beside a run of the floor, where the ratio is formed, and each
-figure is the median of the ratios. The first column is the library's own time for an operation.
+Processor time on the machine's paths: each run is paired with a run of the floor, and each figure is the
+median of the ratios of the pairs. The first column is the library's own time for an operation.
 
 {times}
 ## Instructions, allocations and system calls
@@ -261,13 +261,13 @@ An exponent of 1 is linear. Reading every level by its index is a square by its 
 Where this table has no line, a peer does the same work.
 
 {differences}
-System calls an operation, where files are read or written: who makes fewer asks less.
+System calls an operation, where files are read or written: a library that makes fewer reads less.
 
 {calls}
 ## The floors
 
-What the floor itself takes beside the bare system or string calls that it cannot do without: the difference is what the
-contract asks for besides.
+The cost of the floor itself, compared with that of the bare system or string calls that it needs: the difference is what
+the rest of the contract costs.
 
 {floors}
 ## What the contract costs
