@@ -378,7 +378,7 @@ int main(int argument_count, char** arguments) {
     return 1;
   }
   auto const [texts, pairs, comparisons, differences] = *counted;
-  std::printf("exhaustive texts: %s texts and %s pairs, %s comparisons, %s differences\n", grouped(texts).c_str(),
+  std::printf("exhaustive strings: %s strings and %s pairs, %s comparisons, %s differences\n", grouped(texts).c_str(),
               grouped(pairs).c_str(), grouped(comparisons).c_str(), grouped(differences).c_str());
   return differences == 0 ? 0 : 1;
 }
