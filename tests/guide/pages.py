@@ -88,6 +88,7 @@ CELL = re.compile(r"`([^`]+)` → `([^`]+)`")
 SYSTEMS = {"std::filesystem": ("program", "namespace fs = std::filesystem; fs::path p({});"),
            "Boost": ("program", "namespace bfs = boost::filesystem; bfs::path p({});"),
            "here": ("program", "FIO_PATH p({});"),
+           "operation": ("program", "FIO_PATH p({});"),
            "Qt": ("qt", "QString const p(QStringLiteral({}));"),
            "Tcl": ("tcl", "set p {}")}
 
