@@ -1,34 +1,34 @@
 /// @file
-/// The types of this library in the company of the standard library: in unordered containers, as keys by their text, on
-/// streams, in fmt, and in comparisons with literals. `fio.h` does not include it, and it adds nothing to the library.
+/// Makes the types of this library usable with the standard library: in unordered containers, as keys by their string,
+/// on streams, in fmt, and in comparisons with literals. `fio.h` does not include it; it adds nothing to the library.
 ///
-///     std::unordered_set<FIO_PATH> places;                                       // by `==`
-///     std::unordered_set<FIO_PATH, fio_text_hash, fio_text_equal> texts;         // by the text alone
+///     std::unordered_set<FIO_PATH> files;                                        // by `==`
+///     std::unordered_set<FIO_PATH, fio_text_hash, fio_text_equal> names;         // by the string alone
 ///     std::map<FIO_PATH, int, fio_text_less> sizes;                              // and sizes.find("rtl/top.v")
 ///     if ("rtl/top.v" == path) ...
 ///     for (FIO_EDITOR_TYPE const editor : fio_editor_types) ...
 ///     fio_test_trait_of(type, FIO_FILE_TYPE_FLAG_SOURCE_FILES | FIO_FILE_TYPE_FLAG_DESIGN_FILES)
 ///
 /// @par What does not compile any more
-/// A path converts to a pointer to its text, so without this header the following compile and mean the address. With it
-/// each is an error that says what to write:
+/// A path converts to a pointer to its string, so without this header the following compile and use the address. With
+/// it each is an error whose message is what to write instead:
 ///
 ///     p > q, p <= q, p >= q      // q < p, !(q < p), !(p < q)
 ///     !p, nullptr == p           // p.fullpath().empty()
 ///     p + 1, 1 + p, p - 1        // p.fullpath() + ...
 ///     p - q                      // p.get_relative_to(q.directory())
 ///
-/// The same holds for a C-string in the place of one of the paths. `if (p)`, `p && q`, `*p` and `p[0]` compile as they
-/// do without this header; the first two test a pointer that is never null.
+/// The same holds where one of the two is a C string. `if (p)`, `p && q`, `*p` and `p[0]` compile as they do without
+/// this header; the first two test a pointer that is never null.
 ///
 /// @par C++20
 /// There `std::pair`, `std::tuple` and the containers compare their elements by `<=>`, which for paths without this
 /// header is that of the pointers: the order of a `std::pair<FIO_PATH, int>` is that of addresses. With this header
 /// paths have no `<=>`, and these types use `==` and `<` of the paths, as they do in C++17.
 ///
-/// @warning Templates of the standard library that depend on these operators are one entity in the whole program. So a
-/// program that is compiled as C++20 and compares such pairs or containers includes this header in all of its sources
-/// that do, or in none.
+/// @warning A template of the standard library that depends on these operators must mean the same in each source file
+/// (the one-definition rule). A program that is compiled as C++20 and compares such pairs or containers must include
+/// this header in all of the source files that do so, or in none.
 
 #ifndef CCL_FIO_FIO_STD_H
 #define CCL_FIO_FIO_STD_H
@@ -47,21 +47,21 @@
 
 namespace fio_internal {
 
-/// For `fio_std.h` alone, like all that follows: whether this is the class of paths, or one derived from it.
+/// Internal to `fio_std.h`, like all that follows: whether this is `FIO_PATH` or a class derived from it.
 template <typename T>
 inline constexpr bool is_path = std::is_base_of_v<FIO_PATH, T>;
 
-/// Whether paths are compared with such texts. Null is here for the message only.
+/// Whether this is a string type that paths are compared with. Null is included only for its message.
 template <typename T>
 inline constexpr bool is_text =
     std::is_same_v<T, std::string> || std::is_same_v<T, std::string_view> || std::is_same_v<T, std::nullptr_t> ||
     std::is_same_v<std::decay_t<T>, char*> || std::is_same_v<std::decay_t<T>, char const*>;
 
-/// What a `static_assert` needs in order to fail in a use alone.
+/// False, but only on instantiation, for a `static_assert` that fails where the template is used.
 template <typename T>
 inline constexpr bool never = false;
 
-/// The result of an operator between a path and a text. The members of the class go before it, as they are no templates.
+/// The result of an operator of a path and a string. The members of the class are preferred, as they are no templates.
 template <typename Path, typename Text, typename Result>
 using if_path_and_text = std::enable_if_t<is_path<Path> && is_text<Text>, Result>;
 
@@ -80,7 +80,7 @@ using if_paths = std::enable_if_t<std::is_same_v<Left, FIO_PATH> && std::is_same
 template <typename Path, typename Result>
 using if_path = std::enable_if_t<is_path<Path>, Result>;
 
-/// The text, without a copy, of a path or of what is a text itself.
+/// A view of the string of a path, or of a string.
 template <typename Text>
 std::string_view view_of(Text const& text) {
   if constexpr (is_path<Text>) {
@@ -90,7 +90,7 @@ std::string_view view_of(Text const& text) {
   }
 }
 
-/// A text as the operators of a path take it. Null counts as empty, as it does for a path.
+/// A string as the operators of a path take it. Null counts as empty, as it does for a path.
 template <typename Text>
 decltype(auto) operand(Text const& text) {
   static_assert(!std::is_same_v<Text, std::nullptr_t>, "a path is never null: write `p.fullpath().empty()`");
@@ -110,10 +110,10 @@ using if_flag =
 
 } // namespace fio_internal
 
-/// @name Paths and texts
-/// The comparisons of `FIO_PATH` with a text on either side, be it a literal, a `std::string` or a `std::string_view`.
-/// They mean, cost and say what those of the class do. A text that is a null pointer counts as empty, and a NUL ends a
-/// text. `==` and `!=` always have the path on the left, as C++20 turns them; `<` keeps the sides.
+/// @name Paths and strings
+/// The comparisons of `FIO_PATH` with a string on either side: a literal, a `std::string` or a `std::string_view`.
+/// Their results, cost and messages are those of the operators of the class. A null pointer counts as empty, and a NUL
+/// ends a string. The path is always the left operand of `==` and `!=`, as C++20 reverses them; `<` keeps the order.
 /// @{
 
 /// `path == std::string(text)`
@@ -154,8 +154,8 @@ template <typename Path, typename Text>
 /// @}
 
 /// @name Operators that paths do not have
-/// Each is an error where it is used. Not deleted functions: what asks whether the operators are there, as the
-/// algorithms of `std::ranges` do, and then uses `<` alone, is right.
+/// Each is an error where it is used. They are not deleted functions, as the algorithms of `std::ranges` require that
+/// the operators exist, and then use `<` alone.
 /// @{
 
 /// Write `q < p`.
@@ -180,7 +180,7 @@ fio_internal::if_taken_for_pointers<Left, Right, bool> operator>=(Left const& /*
 }
 
 #if defined __cpp_impl_three_way_comparison && __cpp_impl_three_way_comparison >= 201907
-/// Deleted, so that pairs, tuples and containers look for `<` instead.
+/// Deleted, so that pairs, tuples and containers use `<` instead.
 template <typename Left, typename Right>
 fio_internal::if_paths<Left, Right> operator<=>(Left const&, Right const&) = delete; // write `p == q` or `p < q`
 #endif
@@ -202,7 +202,7 @@ fio_internal::if_path<Path, char const*> operator-(Path const& /*path*/, std::pt
   return nullptr;
 }
 
-/// Write `p.fullpath() + ...`, or `substr` for a part of the text.
+/// Write `p.fullpath() + ...`, or `substr` for a part of the string.
 template <typename Path>
 fio_internal::if_path<Path, char const*> operator+(Path const& /*path*/, std::ptrdiff_t /*offset*/) {
   static_assert(fio_internal::never<Path>, "`p + 1` would be a pointer into the text: write `p.fullpath() + ...` to "
@@ -225,53 +225,55 @@ fio_internal::if_path<Path, bool> operator!(Path const& /*path*/) {
 }
 /// @}
 
-/// Writes the text, with the width and fill of the stream. Checks the length of the path.
+/// Writes the path's string, with the width and fill of the stream. Checks the length of the path.
 template <typename Traits, typename Path>
 std::enable_if_t<std::is_same_v<Path, FIO_PATH>, std::basic_ostream<char, Traits>&>
 operator<<(std::basic_ostream<char, Traits>& stream, Path const& path) {
   return stream << std::basic_string_view<char, Traits>(static_cast<char const*>(path));
 }
 
-/// @name Keys by their text
-/// For containers whose keys are paths by their texts, byte by byte: neither simplified nor anchored, so "a" and "./a"
-/// are two keys, as are "a/" and "a". Nothing but the text is read, and the current directory does not matter. They are
-/// transparent: an ordered container finds a path by a literal, a `std::string` or a `std::string_view` without making
-/// a path of it, and from C++20 on an unordered one does too. A text must not be null.
+/// @name Keys by their string
+/// For containers whose keys are paths that are compared by their strings, byte by byte: neither simplified nor made
+/// absolute, so "a" and "./a" are two keys, as are "a/" and "a". The current directory is not read. The functors are
+/// transparent: an ordered container finds a path by a literal, a `std::string` or a `std::string_view` without
+/// constructing a path, and from C++20 on an unordered one does too.
+///
+/// @pre A string is not a null pointer.
 ///
 ///     std::map<FIO_PATH, int, fio_text_less> sizes;
 ///     sizes.find("rtl/top.v");
 ///
-/// The lengths of paths are checked. Linear in the lengths of the texts; nothing is allocated, but for the message about
-/// a path that is too long.
+/// Checks the lengths of paths. Linear in the lengths of the strings; allocates nothing, except for the message about a
+/// path that is too long.
 /// @{
 
-/// Whether two texts are the same.
+/// Whether two strings are equal.
 struct fio_text_equal {
-  using is_transparent = void; ///< takes paths and texts alike
+  using is_transparent = void; ///< takes paths and strings
 
-  /// Whether the texts of two paths, or a path and a text, are the same.
+  /// Whether the strings of two paths, or of a path and a string, are equal.
   template <typename Left, typename Right>
   [[nodiscard]] bool operator()(Left const& left, Right const& right) const {
     return fio_internal::view_of(left) == fio_internal::view_of(right);
   }
 };
 
-/// The order of the bytes of two texts.
+/// The order of two strings by their bytes.
 struct fio_text_less {
-  using is_transparent = void; ///< takes paths and texts alike
+  using is_transparent = void; ///< takes paths and strings
 
-  /// Whether the first text stands before the second one in the order of their bytes.
+  /// Whether the first string compares less than the second, byte by byte.
   template <typename Left, typename Right>
   [[nodiscard]] bool operator()(Left const& left, Right const& right) const {
     return fio_internal::view_of(left) < fio_internal::view_of(right);
   }
 };
 
-/// The hash that goes with `fio_text_equal`.
+/// The hash for `fio_text_equal`.
 struct fio_text_hash {
-  using is_transparent = void; ///< takes paths and texts alike
+  using is_transparent = void; ///< takes paths and strings
 
-  /// The hash of a text: the same for a path and for its text.
+  /// The hash of a string: the same for a path and for its string.
   template <typename Text>
   [[nodiscard]] std::size_t operator()(Text const& text) const {
     return std::hash<std::string_view>()(fio_internal::view_of(text));
@@ -298,7 +300,7 @@ struct fio_text_hash {
 /// The opposite of `==`.
 [[nodiscard]] constexpr bool operator!=(_GUID const& left, _GUID const& right) { return !(left == right); }
 
-/// The order of the fields, which is that of the texts that `fio_clsid_to_str` writes.
+/// Compares the fields in their order, which is the order of the strings that `fio_clsid_to_str` returns.
 [[nodiscard]] constexpr bool operator<(_GUID const& left, _GUID const& right) {
   if (left.Data1 != right.Data1) {
     return left.Data1 < right.Data1;
@@ -320,26 +322,26 @@ struct fio_text_hash {
 
 namespace std {
 
-/// A hash that agrees with `==` of paths: it is that of the text that the path has when it is divided anew, simplified
-/// and anchored at the current directory.
+/// A hash that agrees with `==` of paths: the path's string is parsed again, simplified and made absolute with the
+/// current directory, and the hash is that of the resulting string.
 ///
 /// Where `p == q`, and `q` is equal to itself, the hashes of both are the same. Some paths that edits have made are not
 /// equal to themselves, for which see "Comparison" in `FIO_PATH`: those with another separator, with a drive, with a
-/// component that would divide otherwise, or too long. They are no keys for any container, and `FIO_PATH(p.fullpath())`
-/// is one in their place. Neither the current directory nor the choice of simplification may change while a container
-/// has keys.
+/// component that would be parsed differently, or too long. They cannot be keys of any container; use
+/// `FIO_PATH(p.fullpath())` instead. Neither the current directory nor the choice of simplification may change while a
+/// container has keys.
 ///
-/// Reads the current directory once, and a second time for each key that it is then compared with, as `==` does. Copies
-/// and divides the path. Checks its length. Where many paths are kept, `fio_text_hash` costs a fraction of it:
+/// Reads the current directory once; each comparison with a key then reads it, as `==` does. Parses a copy of the
+/// path. Checks its length. For many paths, `fio_text_hash` costs a fraction of this:
 ///
 ///     path.become_absolute("");
 ///     path.become_simplified();
-///     std::unordered_set<FIO_PATH, fio_text_hash, fio_text_equal> places{path};
+///     std::unordered_set<FIO_PATH, fio_text_hash, fio_text_equal> names{path};
 ///
 /// @throws std::bad_alloc when the copy cannot be stored
 template <>
 struct hash<FIO_PATH> {
-  /// The hash of the place that the path names.
+  /// The hash of the simplified absolute path.
   [[nodiscard]] size_t operator()(FIO_PATH const& path) const {
     FIO_PATH place(static_cast<char const*>(path));
     place.become_simplified();
@@ -360,24 +362,24 @@ struct hash<_GUID> {
 } // namespace std
 
 /// @name Traits that combine
-/// The operators of bits for `FIO_FILE_TYPE_FLAG` and for `FIO_EXTENSION_TYPE_FLAG`, each with a result of its own type.
-/// Without this header the result of `|` is an `int`, which the queries do not take. A trait and a number still combine
-/// to a number.
+/// The bitwise operators of `FIO_FILE_TYPE_FLAG` and of `FIO_EXTENSION_TYPE_FLAG`, each with a result of its own type.
+/// Without this header the result of `|` is an `int`, which the queries do not take. That of a trait and a number is
+/// still a number.
 /// @{
 
-/// The traits of either.
+/// The traits in either.
 template <typename Flag>
 [[nodiscard]] constexpr fio_internal::if_flag<Flag> operator|(Flag left, Flag right) {
   return static_cast<Flag>(static_cast<int>(left) | static_cast<int>(right));
 }
 
-/// The traits of both.
+/// The traits in both.
 template <typename Flag>
 [[nodiscard]] constexpr fio_internal::if_flag<Flag> operator&(Flag left, Flag right) {
   return static_cast<Flag>(static_cast<int>(left) & static_cast<int>(right));
 }
 
-/// The traits of one alone.
+/// The traits in exactly one of the two.
 template <typename Flag>
 [[nodiscard]] constexpr fio_internal::if_flag<Flag> operator^(Flag left, Flag right) {
   return static_cast<Flag>(static_cast<int>(left) ^ static_cast<int>(right));
@@ -389,19 +391,19 @@ template <typename Flag>
   return static_cast<Flag>(~static_cast<int>(flag));
 }
 
-/// Adds traits.
+/// Sets traits.
 template <typename Flag>
 constexpr fio_internal::if_flag<Flag>& operator|=(Flag& left, Flag right) {
   return left = left | right;
 }
 
-/// Keeps the traits that both have.
+/// Keeps the traits in both.
 template <typename Flag>
 constexpr fio_internal::if_flag<Flag>& operator&=(Flag& left, Flag right) {
   return left = left & right;
 }
 
-/// Turns traits round.
+/// Toggles traits.
 template <typename Flag>
 constexpr fio_internal::if_flag<Flag>& operator^=(Flag& left, Flag right) {
   return left = left ^ right;
@@ -409,7 +411,7 @@ constexpr fio_internal::if_flag<Flag>& operator^=(Flag& left, Flag right) {
 /// @}
 
 /// @name Traits and editors to iterate over
-/// Each single bit with a text, in ascending order: the wildcards and `FIO_EDITOR_TYPE_NONE` are not among them.
+/// Each single bit with a description, in ascending order: without the wildcards and `FIO_EDITOR_TYPE_NONE`.
 ///
 ///     for (FIO_FILE_TYPE_FLAG const trait : fio_file_type_flags) {
 ///       if (fio_test_trait_of(type, trait)) {
@@ -486,15 +488,15 @@ inline constexpr std::array fio_editor_types{
 
 #include <fmt/format.h>
 
-/// Formats a path as its text, with the specifications of a string. Checks the length of the path.
+/// Formats a path as its string, with the format specifications of a string. Checks the length of the path.
 ///
 ///     fmt::format("{:>12}", FIO_PATH("top.v"))   => "       top.v"
 ///
-/// It is there where a header of fmt was included before this one; sorted as they often are, they come the other way
-/// round. Where the macro `CCL_FIO_WITH_FMT` is defined, this header includes what it needs itself.
+/// It is defined if a header of fmt was included before this one. Sorted includes are often in the other order: if
+/// the macro `CCL_FIO_WITH_FMT` is defined, this header includes what it needs itself.
 template <>
 struct fmt::formatter<FIO_PATH> : fmt::formatter<fmt::string_view> {
-  /// Writes the text.
+  /// Writes the path's string.
   template <typename Context>
   auto format(FIO_PATH const& path, Context& context) const {
     return fmt::formatter<fmt::string_view>::format(static_cast<char const*>(path), context);
