@@ -47,9 +47,10 @@
 
 namespace fio_internal {
 
-/// Internal to `fio_std.h`, like all that follows: whether this is `FIO_PATH` or a class derived from it.
+/// Internal to `fio_std.h`, like all that follows: whether this is `FIO_PATH` or a class derived from it. The operators
+/// are candidates for all types, among them incomplete classes, which `std::is_base_of` does not allow.
 template <typename T>
-inline constexpr bool is_path = std::is_base_of_v<FIO_PATH, T>;
+inline constexpr bool is_path = std::is_convertible_v<T*, FIO_PATH const*>;
 
 /// Whether this is a string type that paths are compared with. Null is included only for its message.
 template <typename T>
@@ -67,10 +68,10 @@ using if_path_and_text = std::enable_if_t<is_path<Path> && is_text<Text>, Result
 
 /// The result of an operator that would compare or subtract two pointers.
 template <typename Left, typename Right, typename Result>
-using if_taken_for_pointers =
-    std::enable_if_t<std::is_convertible_v<Left const&, char const*> &&
-                         std::is_convertible_v<Right const&, char const*> && (is_path<Left> || is_path<Right>),
-                     Result>;
+using if_taken_for_pointers = std::enable_if_t<
+    std::conjunction_v<std::bool_constant<is_path<Left> || is_path<Right>>,
+                       std::is_convertible<Left const&, char const*>, std::is_convertible<Right const&, char const*>>,
+    Result>;
 
 /// The result of an operator between two paths. Of two types, as it would otherwise be more specialized than `>`.
 template <typename Left, typename Right>
@@ -102,6 +103,11 @@ decltype(auto) operand(Text const& text) {
     return std::string(text);
   }
 }
+
+/// The result of a comparison of class identifiers: a template, so that functions that a program already has are
+/// preferred.
+template <typename Guid>
+using if_guid = std::enable_if_t<std::is_same_v<Guid, _GUID>, bool>;
 
 /// The result of an operator of traits.
 template <typename Flag>
@@ -285,7 +291,8 @@ struct fio_text_hash {
 /// @{
 
 /// Whether all 16 bytes are the same.
-[[nodiscard]] constexpr bool operator==(_GUID const& left, _GUID const& right) {
+template <typename Guid>
+[[nodiscard]] constexpr fio_internal::if_guid<Guid> operator==(Guid const& left, Guid const& right) {
   if (left.Data1 != right.Data1 || left.Data2 != right.Data2 || left.Data3 != right.Data3) {
     return false;
   }
@@ -298,10 +305,14 @@ struct fio_text_hash {
 }
 
 /// The opposite of `==`.
-[[nodiscard]] constexpr bool operator!=(_GUID const& left, _GUID const& right) { return !(left == right); }
+template <typename Guid>
+[[nodiscard]] constexpr fio_internal::if_guid<Guid> operator!=(Guid const& left, Guid const& right) {
+  return !(left == right);
+}
 
 /// Compares the fields in their order, which is the order of the strings that `fio_clsid_to_str` returns.
-[[nodiscard]] constexpr bool operator<(_GUID const& left, _GUID const& right) {
+template <typename Guid>
+[[nodiscard]] constexpr fio_internal::if_guid<Guid> operator<(Guid const& left, Guid const& right) {
   if (left.Data1 != right.Data1) {
     return left.Data1 < right.Data1;
   }
@@ -486,7 +497,9 @@ inline constexpr std::array fio_editor_types{
 #if (defined FMT_VERSION || defined CCL_FIO_WITH_FMT) && !defined CCL_FIO_FIO_STD_H_HAS_FMT
 #define CCL_FIO_FIO_STD_H_HAS_FMT
 
+#ifndef FMT_FORMAT_H_ // the copy of fmt inside another library has no such name
 #include <fmt/format.h>
+#endif
 
 /// Formats a path as its string, with the format specifications of a string. Checks the length of the path.
 ///

@@ -10,6 +10,13 @@ set(compile ${CXX} -std=c++${STANDARD} -fsyntax-only -fdiagnostics-color=never -
 set(warnings -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Werror)
 execute_process(COMMAND ${compile} ${warnings} ${CMAKE_CURRENT_LIST_DIR}/using_std.cpp COMMAND_ERROR_IS_FATAL ANY)
 
+# A program may have fmt under another name, as a copy inside another library.
+find_file(FMT_FORMAT fmt/format.h PATHS /usr/include /usr/local/include)
+if(FMT_FORMAT)
+  execute_process(COMMAND ${compile} -I${CMAKE_CURRENT_LIST_DIR}/other_fmt -include ${FMT_FORMAT}
+                          ${CMAKE_CURRENT_LIST_DIR}/using_std.cpp COMMAND_ERROR_IS_FATAL ANY)
+endif()
+
 # The mark of each line, in a variable of its number.
 set(file ${CMAKE_CURRENT_LIST_DIR}/std_mistakes.cpp)
 file(READ ${file} text)

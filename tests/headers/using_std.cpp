@@ -82,13 +82,21 @@ struct path_or_number {
   return bool(chosen);
 }
 
-// The operators that somebody has of their own go before those of the header.
+// Functions that a program has of its own are preferred to those of the header.
 namespace relations {
 [[maybe_unused]] bool are_found(FIO_PATH const& p, FIO_PATH const& q) {
   using namespace std::rel_ops;
   return p > q || p <= q || p >= q;
 }
 } // namespace relations
+
+namespace own_comparisons {
+constexpr bool operator==(_GUID const&, _GUID const&) { return false; }
+constexpr bool operator!=(_GUID const&, _GUID const&) { return false; }
+constexpr bool operator<(_GUID const&, _GUID const&) { return true; }
+constexpr _GUID null = {0, 0, 0, {}};
+static_assert(!(null == null) && !(null != null) && null < null);
+} // namespace own_comparisons
 
 #if __cplusplus >= 202002L
 static_assert(std::totally_ordered<FIO_PATH>);       // for the algorithms, which use `<` alone
@@ -206,3 +214,23 @@ static_assert(low == low);
 } // namespace elsewhere
 
 } // namespace using_std
+
+// Operators of incomplete classes in the global namespace: those of the header are candidates there, too.
+
+struct opaque;
+bool operator==(opaque const& left, opaque const& right);
+bool operator>(opaque const& left, opaque const& right);
+bool operator-(opaque const& left, opaque const& right);
+bool operator!(opaque const& one);
+[[maybe_unused]] static bool combined(opaque const& left, opaque const& right) {
+  return left == right || left > right || left - right || !left;
+}
+
+struct comparable_while_incomplete {
+  friend bool operator==(comparable_while_incomplete const&, comparable_while_incomplete const&) { return true; }
+  friend auto operator!=(comparable_while_incomplete const& left, comparable_while_incomplete const& right)
+      -> decltype(!(left == right)) {
+    return !(left == right);
+  }
+};
+static_assert(std::is_same_v<bool, decltype(comparable_while_incomplete() != comparable_while_incomplete())>);

@@ -1,0 +1,1 @@
+#error "the program has a copy of fmt inside another library"
