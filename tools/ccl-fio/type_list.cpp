@@ -85,7 +85,9 @@ section trait_section(selection const& picked) {
   section result = {"traits", "Traits of file types", {}};
   for (FIO_FILE_TYPE_FLAG const trait : traits()) {
     add_value(result, static_cast<int>(trait), fio_get_file_type_trait_string(trait), picked.types,
-              [trait](FIO_FILE_TYPE type) { return fio_test_trait_of(type, trait); });
+              [trait](FIO_FILE_TYPE type) {
+                return trait == FIO_FILE_TYPE_FLAG_ALL_FILES || fio_test_trait_of(type, trait);
+              });
   }
   return result;
 }
