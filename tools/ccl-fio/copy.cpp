@@ -56,7 +56,7 @@ public:
         throw usage_error(fmt::format("copy: the target \"{}\" lies in \"{}\"", target, path));
       }
       copy_contents(source, target);
-    } else if (has_directory(target)) {
+    } else if (source.error != 0 || has_directory(target)) {
       copy_entry(source, target + '/' + source.name);
     }
   }
