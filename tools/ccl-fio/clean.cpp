@@ -110,6 +110,8 @@ private:
     }
     if (entry.is_link && entry_at(entry.path, true).is_directory()) {
       m_report.add(outcome::kept, entry.path, "a symbolic link, which only --follow enters");
+    } else if (!entry.is_link && entry.error != 0 && entry.error != ENOENT) {
+      m_report.add(outcome::failed, entry.path, std::strerror(entry.error)); // it may be a directory
     }
     return true;
   }

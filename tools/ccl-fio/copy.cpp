@@ -146,6 +146,10 @@ private:
 
   void copy_file(tree_entry const& file, std::string const& target) {
     std::string const& source = file.path;
+    if (!FIO_PATH(source).is_legal_length() || !FIO_PATH(target).is_legal_length()) {
+      m_report.add(outcome::failed, source, "too long for a path");
+      return;
+    }
     // The library takes a name with one of these for a pattern.
     if ((source + target).find_first_of("*?") != std::string::npos) {
       m_report.add(outcome::skipped, source, "a name with a wildcard");

@@ -146,12 +146,20 @@ void write_records(std::vector<result> const& results) {
 
 // The subcommand
 
+/// Leaves out the directories that the library has rejected: nothing is left of their names.
+void leave_out_too_long(std::list<FIO_PATH>& directories) {
+  std::size_t const count = directories.size();
+  directories.remove_if([](FIO_PATH const& directory) { return !directory.is_legal_length(); });
+  if (directories.size() != count) {
+    complain("warning", fmt::format("search path: directories too long for a path: {}", count - directories.size()));
+  }
+}
+
 /// Whether names can be looked for in a directory. A warning says why not.
 bool is_searchable(FIO_PATH const& directory) {
   std::string const text = directory.fullpath();
   errno = 0;
-  bool const searchable =
-      directory.is_legal_length() && FIO_FILE_SYSTEM::is_directory(text.c_str()) && ::access(text.c_str(), X_OK) == 0;
+  bool const searchable = FIO_FILE_SYSTEM::is_directory(text.c_str()) && ::access(text.c_str(), X_OK) == 0;
   if (!searchable) {
     complain("warning", fmt::format("search path: {}: {}", text, std::strerror(errno != 0 ? errno : ENOTDIR)));
   }
@@ -209,10 +217,12 @@ void add_subdirectories(FIO_FIND& find) try {
 
 exit_status run(find_options given) {
   FIO_FIND find(given.search_path, false);
+  leave_out_too_long(find.m_search_list);
   check_directories(find, given.search_path);
   if (given.recursive) {
     auto const last = std::prev(find.m_search_list.end());
     add_subdirectories(find);
+    leave_out_too_long(find.m_search_list);
     std::for_each(std::next(last), find.m_search_list.end(), is_searchable);
   }
   if (given.absolute_to) {
