@@ -73,9 +73,14 @@ using if_taken_for_pointers = std::enable_if_t<
                        std::is_convertible<Left const&, char const*>, std::is_convertible<Right const&, char const*>>,
     Result>;
 
-/// The result of an operator between two paths. Of two types, as it would otherwise be more specialized than `>`.
+template <typename T>
+inline constexpr bool is_path_or_text = std::is_same_v<T, FIO_PATH> || is_text<T>;
+
+/// The result of `<=>` between paths, or a path and a string. Not for derived classes, for which it would be preferred to
+/// the operators of `FIO_PATH`.
 template <typename Left, typename Right>
-using if_paths = std::enable_if_t<std::is_same_v<Left, FIO_PATH> && std::is_same_v<Right, FIO_PATH>>;
+using if_ordered =
+    std::enable_if_t<is_path_or_text<Left> && is_path_or_text<Right> && (is_path<Left> || is_path<Right>)>;
 
 /// The result of an operator of a path.
 template <typename Path, typename Result>
@@ -188,7 +193,7 @@ fio_internal::if_taken_for_pointers<Left, Right, bool> operator>=(Left const& /*
 #if defined __cpp_impl_three_way_comparison && __cpp_impl_three_way_comparison >= 201907
 /// Deleted, so that pairs, tuples and containers use `<` instead.
 template <typename Left, typename Right>
-fio_internal::if_paths<Left, Right> operator<=>(Left const&, Right const&) = delete; // write `p == q` or `p < q`
+fio_internal::if_ordered<Left, Right> operator<=>(Left const&, Right const&) = delete; // write `p == q` or `p < q`
 #endif
 
 /// Write `p.get_relative_to(q.directory())`.

@@ -101,6 +101,13 @@ static_assert(!(null == null) && !(null != null) && null < null);
 #if __cplusplus >= 202002L
 static_assert(std::totally_ordered<FIO_PATH>);       // for the algorithms, which use `<` alone
 static_assert(!std::three_way_comparable<FIO_PATH>); // so that pairs and containers do, too
+template <typename Left, typename Right>
+concept has_three_way_comparison = requires(Left const& left, Right const& right) {
+  left <=> right;
+};
+static_assert(!has_three_way_comparison<FIO_PATH, FIO_PATH> && !has_three_way_comparison<FIO_PATH, char const*>);
+static_assert(!has_three_way_comparison<char[2], FIO_PATH> && !has_three_way_comparison<FIO_PATH, char[2]>);
+static_assert(has_three_way_comparison<int, int> && has_three_way_comparison<std::string, char const*>);
 static_assert(std::indirect_strict_weak_order<std::ranges::less, FIO_PATH*>);
 #endif
 
