@@ -34,7 +34,11 @@ def fio_guarded(show, *arguments):
 
 def fio_limit():
     """The number of characters or elements to show at most."""
-    return min(gdb.parameter("print elements") or FIO_MOST_ELEMENTS, FIO_MOST_ELEMENTS)
+    if hasattr(gdb, "print_options"):  # from gdb 13 on, with the options of this one command
+        limit = gdb.print_options()["max_elements"]
+    else:
+        limit = gdb.parameter("print elements")
+    return min(limit or FIO_MOST_ELEMENTS, FIO_MOST_ELEMENTS)
 
 
 def fio_quoted(start, size):
