@@ -24,10 +24,24 @@ void bind_file_system(py::module_& module);
 void bind_vocabulary(py::module_& module);
 /// @}
 
+/// Releases the lock of the interpreter. A thread that takes it back while the interpreter is ending is ended itself, by
+/// unwinding its stack, and the destructor lets that pass: that of `py::gil_scoped_release` would end the program.
+class lock_release {
+public:
+  lock_release() : m_state(PyEval_SaveThread()) {}
+  // NOLINTNEXTLINE(bugprone-exception-escape,performance-noexcept-destructor): see above
+  ~lock_release() noexcept(false) { PyEval_RestoreThread(m_state); }
+  lock_release(lock_release const&) = delete;
+  lock_release& operator=(lock_release const&) = delete;
+
+private:
+  PyThreadState* m_state;
+};
+
 /// Calls `work` without the lock of the interpreter. No Python object may be touched in it.
 template <typename Work>
 auto without_interpreter(Work work) {
-  py::gil_scoped_release const released;
+  lock_release const released;
   return work();
 }
 

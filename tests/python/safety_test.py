@@ -135,6 +135,23 @@ def test_nothing_is_kept_of_what_is_dropped(design):
     assert sys.getallocatedblocks() - before < 200
 
 
+def test_interpreter_ends_while_threads_are_at_work(scratch):
+    for number in range(2000):
+        (scratch / str(number)).touch()
+    program = """
+import sys, threading, time, ccl_fio
+sys.setswitchinterval(1e-5)
+def work():
+    while True:
+        ccl_fio.Find(".").find_all("*", ["v"])
+        list(ccl_fio.DirectoryIterator("."))
+for _ in range(4):
+    threading.Thread(target=work, daemon=True).start()
+time.sleep(0.2)
+"""
+    subprocess.run([sys.executable, "-B", "-c", program], check=True, timeout=60)
+
+
 def test_interpreter_ends_with_iterators_open(design):
     program = """
 import threading, ccl_fio
