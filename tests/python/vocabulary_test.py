@@ -45,6 +45,7 @@ def test_has_the_document_classes_of_the_header(repository):
         ("none", FileType.INVALID),
         ("", FileType.INVALID),
         (ExtensionType.HTML, FileType.HTML_FILE),
+        (DocumentClass.TED_DEFAULT_DOC, FileType.TEXT_FILE),
         (DocumentClass.TED_DEFAULT_DOC.value, FileType.TEXT_FILE),
         (uuid.UUID(int=1), FileType.INVALID),
     ],
