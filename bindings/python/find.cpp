@@ -2,6 +2,7 @@
 
 #include "ccl/fio/fio_find.h"
 
+#include <algorithm>
 #include <list>
 #include <memory>
 #include <optional>
@@ -15,9 +16,9 @@ namespace {
 
 using search = one_at_a_time<FIO_FIND>;
 
-/// Nothing for an empty result, which is what the library calls not found.
+/// Nothing for an empty result, which is what the library calls not found, unless what was found is too long.
 std::optional<FIO_PATH> found(FIO_PATH path) {
-  return path.fullpath().empty() ? std::nullopt : std::optional<FIO_PATH>(std::move(path));
+  return legal(path).fullpath().empty() ? std::nullopt : std::optional<FIO_PATH>(std::move(path));
 }
 
 /// Directories, whether a separator ends their names or not.
@@ -147,9 +148,9 @@ void bind_state(find_class& bound) {
           "absolute_to",
           [](search& self) { return self.use([](FIO_FIND& find) { return file_name{find.m_absolute_to}; }); },
           [](search& self, file_name const& directory) {
-            bool const taken = self.use([&](FIO_FIND& find) {
-              return find.set_directory_for_results_to_become_absolute_to(directory.c_str());
-            });
+            char const* const text = legal_text(directory).c_str();
+            bool const taken =
+                self.use([&](FIO_FIND& find) { return find.set_directory_for_results_to_become_absolute_to(text); });
             if (!taken && !directory.bytes.empty()) {
               throw py::value_error("relative results become absolute to an absolute directory only");
             }
@@ -185,11 +186,10 @@ void bind_searches(find_class& bound) {
           "find_all",
           [](search& self, file_name const& name, std::vector<file_name> const& extensions, bool try_lower_case) {
             std::vector<std::string> const texts = strings_of(extensions);
-            return self.use([&](FIO_FIND& find) {
-              std::list<FIO_PATH> places;
-              find.find_all(name.bytes, texts, &places, false, try_lower_case);
-              return std::vector<FIO_PATH>(places.begin(), places.end());
-            });
+            std::list<FIO_PATH> places;
+            self.use([&](FIO_FIND& find) { find.find_all(name.bytes, texts, &places, false, try_lower_case); });
+            std::for_each(places.begin(), places.end(), legal);
+            return std::vector<FIO_PATH>(places.begin(), places.end());
           },
           py::arg("name"), py::arg("extensions"), py::kw_only(), py::arg("try_lower_case") = false,
           "All places of a name with each of the extensions, directory by directory. Both may have wildcards.")

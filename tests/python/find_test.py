@@ -1,5 +1,6 @@
 """Searches over lists of directories."""
 
+import errno
 import os
 
 import pytest
@@ -54,6 +55,24 @@ def test_results_become_absolute_to_an_absolute_directory(design):
         find.absolute_to = "rel"
     find.absolute_to = ""
     assert find.find_first("top.v") == Path("rtl/top.v")
+
+
+@pytest.mark.parametrize(
+    "search",
+    [
+        lambda find: find.find_first("top.v"),
+        lambda find: find.find_first_relative_path("top.v"),
+        lambda find: find.find_all("top", ["v"]),
+        lambda find: setattr(find, "absolute_to", "/" + "x" * 1023),
+    ],
+)
+def test_what_is_found_is_not_lost_where_it_becomes_too_long(design, search):
+    find = Find("rtl")
+    find.absolute_to = "/" + "x" * 1020
+    with pytest.raises(OSError) as failed:
+        search(find)
+    assert failed.value.errno == errno.ENAMETOOLONG
+    assert find.find_first("nothing.v") is None and find.find_all("nothing", ["v"]) == []
 
 
 def test_the_search_path_is_walked_as_one_pattern(design):
