@@ -15,6 +15,8 @@ namespace {
 
 py::object class_named(char const* name) { return py::module_::import("ccl_fio._errors").attr(name); }
 
+bool is_too_long(file_name const& name) { return !FIO_PATH::is_path_length_within_operating_system_limits(name.bytes); }
+
 py::object os_error(int code, file_name const& name, py::object const& second) {
   if (name.bytes.empty() && second.is_none()) { // not known
     return py::reinterpret_borrow<py::object>(PyExc_OSError)(code, py::str(std::strerror(code)));
@@ -40,6 +42,9 @@ void translate(std::exception_ptr pointer) {
 
 void raise_failure(int code, char const* what, file_name const& name, file_name const* second) {
   py::object const other = second == nullptr ? py::none() : py::cast(*second);
+  if (code == 0 && (is_too_long(name) || (second != nullptr && is_too_long(*second)))) { // no system call was made
+    code = ENAMETOOLONG;
+  }
   if (code != 0) {
     raise(os_error(code, name, other));
   }
@@ -71,7 +76,7 @@ FIO_PATH const& legal(FIO_PATH const& path) {
 }
 
 std::string const& legal_text(file_name const& name) {
-  if (!FIO_PATH::is_path_length_within_operating_system_limits(name.bytes)) {
+  if (is_too_long(name)) {
     raise_failure(ENAMETOOLONG, "", name);
   }
   return name.bytes;

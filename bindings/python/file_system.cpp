@@ -4,14 +4,13 @@
 
 #include <cerrno>
 #include <cstddef>
-#include <filesystem>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "bindings/python/bindings.h"
 #include "bindings/python/errors.h"
+#include "ccl/fio/fio_path.h"
 
 namespace {
 
@@ -78,6 +77,27 @@ void bind_texts(py::module_& module) {
       "A name for a temporary file in the directory of path; nothing is made. Open it exclusively.");
 }
 
+/// Returns `made`. If that is false, `errno` is why the directory could not be made, where the library leaves that of its
+/// last test: the first level that is missing is tried once more.
+bool with_cause(bool made, std::string const& directory) {
+  FIO_PATH const path(directory, "");
+  if (made || !path.is_legal_length()) {
+    return made;
+  }
+  int const cause = errno;
+  std::string level = path.absolute() ? "/" : "";
+  for (int i = 0; path.legal(i); ++i) {
+    level += path[i];
+    if (!files::exists(level.c_str())) {
+      files::mkdir(level.c_str());
+      return false;
+    }
+    level += '/';
+  }
+  errno = cause;
+  return false;
+}
+
 /// An operation on one name that returns whether it succeeded.
 void define(py::module_& module, char const* name, bool (*operation)(file_name const&), char const* failure,
             char const* documentation) {
@@ -107,7 +127,11 @@ void bind_single_operations(py::module_& module) {
       "not everything could be removed",
       "Removes every entry that matches a pattern, up to the first that cannot be removed.");
   define(
-      module, "touch", [](file_name const& path) { return files::touch(path.bytes); },
+      module, "create", [](file_name const& path) { return with_cause(files::create(path.bytes), path.bytes); },
+      "cannot be made", "Makes a directory with all its missing parents. No failure if anything stands there.");
+  define(
+      module, "touch",
+      [](file_name const& path) { return with_cause(files::touch(path.bytes), FIO_PATH(path.bytes).directory()); },
       "has no directory or cannot be made",
       "Makes a directory with its parents, and an empty file in it if there is none. Error for a name alone.");
   define(
@@ -123,29 +147,19 @@ void bind_single_operations(py::module_& module) {
         must_succeed("cannot be changed", path, nullptr, [&] { return files::chmod(path.c_str(), mode); });
       },
       py::arg("path"), py::arg("mode"), "Changes the mode.");
-  // The library's errno is that of a test, not that of what failed; the standard library finds the cause.
-  module.def(
-      "create",
-      [](file_name const& path) {
-        std::error_code why;
-        bool const made = without_interpreter([&] {
-          bool const result = files::create(path.bytes);
-          if (!result) {
-            std::filesystem::create_directories(path.bytes, why);
-          }
-          return result;
-        });
-        if (!made) {
-          raise_failure(why.value(), "cannot be made", path);
-        }
-      },
-      py::arg("path"), "Makes a directory with all its missing parents. No failure if anything stands there.");
+}
+
+using copy_operation = bool(std::string const& from, std::string const& to, bool overwrite, bool preserve_time);
+
+/// A copy that makes its target directory.
+template <copy_operation* Copy>
+bool into_directory(std::string const& from, std::string const& to, bool overwrite, bool preserve_time) {
+  return with_cause(Copy(from, to, overwrite, preserve_time), to);
 }
 
 /// An operation from one name to another with the two choices of all copies.
-void define_copy(py::module_& module, char const* name,
-                 bool (*operation)(std::string const&, std::string const&, bool, bool), char const* from,
-                 char const* to, char const* documentation) {
+void define_copy(py::module_& module, char const* name, copy_operation* operation, char const* from, char const* to,
+                 char const* documentation) {
   module.def(
       name,
       [operation](file_name const& source, file_name const& target, bool overwrite, bool preserve_time) {
@@ -169,9 +183,9 @@ void bind_copies(py::module_& module) {
   define_copy(module, "move", files::move, "source", "target",
               "Removes the source after a copy that succeeded. Beware: it is lost where copy leaves an existing target "
               "as it is.");
-  define_copy(module, "copy_files", files::copy_files, "pattern", "target_directory",
+  define_copy(module, "copy_files", into_directory<files::copy_files>, "pattern", "target_directory",
               "Copies every entry that matches a pattern into a directory, which is made if it is missing.");
-  define_copy(module, "copy_dir", files::copy_dir, "source", "target",
+  define_copy(module, "copy_dir", into_directory<files::copy_dir>, "source", "target",
               "Copies what a walk finds in a directory, and below it, into another one. Links are followed. The target "
               "must not lie in the source.");
 }

@@ -130,6 +130,13 @@ def test_empty_directories_are_removed(scratch):
         (lambda: fio.copy("none", "other"), FileNotFoundError, errno.ENOENT, ("none", "other")),
         (lambda: fio.move("none", "other"), FileNotFoundError, errno.ENOENT, ("none", "other")),
         (lambda: fio.create("full/file/below"), NotADirectoryError, errno.ENOTDIR, ("full/file/below", None)),
+        (lambda: fio.create("full/file/below/it"), NotADirectoryError, errno.ENOTDIR, ("full/file/below/it", None)),
+        (lambda: fio.touch("full/file/below"), NotADirectoryError, errno.ENOTDIR, ("full/file/below", None)),
+        (lambda: fio.touch("n" * 300 + "/f"), OSError, errno.ENAMETOOLONG, ("n" * 300 + "/f", None)),
+        (lambda: fio.copy_dir("full", "n" * 300), OSError, errno.ENAMETOOLONG, ("full", "n" * 300)),
+        (lambda: fio.copy_files("full/*", "n" * 300), OSError, errno.ENAMETOOLONG, ("full/*", "n" * 300)),
+        (lambda: fio.copy("full/file", "n" * 1024), OSError, errno.ENAMETOOLONG, ("full/file", "n" * 1024)),
+        (lambda: fio.remove_recursively("n" * 1024), OSError, errno.ENAMETOOLONG, ("n" * 1024, None)),
         (lambda: fio.set_current_directory("none"), FileNotFoundError, errno.ENOENT, ("none", None)),
         (lambda: fio.remove_recursively("none"), OSError, errno.ENOENT, ("none", None)),
     ],
@@ -141,6 +148,33 @@ def test_a_failure_is_the_exception_of_its_errno(scratch, operation, exception, 
         operation()
     assert failed.value.errno == code
     assert (failed.value.filename, failed.value.filename2) == names
+
+
+@pytest.mark.skipif(os.geteuid() == 0, reason="nothing is closed to root")
+@pytest.mark.parametrize(
+    "operation",
+    [
+        lambda: fio.create("closed/a/b"),
+        lambda: fio.touch("closed/a/file"),
+        lambda: fio.touch("closed/file"),
+        lambda: fio.copy_dir("full", "closed/a"),
+        lambda: fio.copy_files("full/*", "closed/a"),
+    ],
+)
+def test_a_directory_that_must_not_be_made_is_not_called_missing(scratch, operation):
+    fio.touch("full/file")
+    (scratch / "closed").mkdir(mode=0o500)
+    with pytest.raises(PermissionError):
+        operation()
+
+
+@pytest.mark.parametrize("name", ["a\\b", "w*/x", "d/" * 511 + "d"])
+def test_a_directory_that_cannot_be_made_is_not_made_by_another_rule(scratch, name):
+    fio.create("with")
+    fio.create("a/b")
+    with pytest.raises(OSError):
+        fio.create(name)
+    assert not os.path.exists(name) and not os.path.exists("d") and sorted(os.listdir(".")) == ["a", "with"]
 
 
 def test_a_failure_without_an_errno_has_words(scratch):
