@@ -248,9 +248,12 @@ void read_search(invocation const& given, char const* usage, option const* optio
       wanted.lower_case = true;
     } else if (chosen == "-extensions") {
       wanted.extensions = value;
-    } else if (!wanted.finder.set_directory_for_results_to_become_absolute_to(
-                   directory_of(given.interp, value).c_str())) {
-      refuse(given.interp, "RELATIVE", value, "is not an absolute directory");
+    } else {
+      std::string const directory = directory_of(given.interp, value);
+      checked(given.interp, FIO_PATH(directory), value);
+      if (!wanted.finder.set_directory_for_results_to_become_absolute_to(directory.c_str())) {
+        refuse(given.interp, "RELATIVE", value, "is not an absolute directory");
+      }
     }
   });
   Tcl_Obj* const name = given.words[given.count - 1];
@@ -258,9 +261,9 @@ void read_search(invocation const& given, char const* usage, option const* optio
   wanted.has_filename = !path_of(given.interp, name).filename().empty();
   std::list<FIO_PATH> directories;
   for_each_element(given.interp, given.words[given.count - 2], [&](Tcl_Obj* element) {
-    std::string directory = directory_of(given.interp, element);
-    if (!directory.empty()) { // with a separator it would be the root
-      directories.emplace_back(directory += '/');
+    std::string const directory = directory_of(given.interp, element);
+    if (!directory.empty()) { // it would be the current one
+      directories.emplace_back(directory, std::string());
       checked(given.interp, directories.back(), element);
     }
   });
@@ -440,14 +443,14 @@ void same(invocation const& given) {
 
 // clean
 
-/// The first failure of several. What vanished meanwhile is none.
+/// The first failure of several. What vanished meanwhile is none, nor is a socket, which the library calls a directory.
 struct first_failure {
   std::string path;
   int error = 0;
 
   void note(std::string const& failed) {
     int const cause = errno;
-    if (error == 0 && cause != ENOENT) {
+    if (error == 0 && cause != ENOENT && cause != ENOTDIR) {
       path = failed;
       error = cause;
     }
