@@ -75,14 +75,14 @@ FIO_PATH const& legal(FIO_PATH const& path) {
   return path;
 }
 
-std::string const& legal_text(file_name const& name) {
+std::string const& legal_string(file_name const& name) {
   if (is_too_long(name)) {
     raise_failure(ENAMETOOLONG, "", name);
   }
   return name.bytes;
 }
 
-FIO_PATH path_of(file_name const& name) { return legal_text(name); }
+FIO_PATH path_of(file_name const& name) { return legal_string(name); }
 
 FIO_PATH joined_path(file_name const& directory, file_name const& name) {
   FIO_PATH path(directory.bytes, name.bytes);

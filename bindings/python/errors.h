@@ -19,15 +19,15 @@
 
 /// The path itself.
 ///
-/// @throws error_already_set with an `OSError` of `ENAMETOOLONG` if a text was too long for it
+/// @throws error_already_set with an `OSError` of `ENAMETOOLONG` if a string was too long for it
 FIO_PATH const& legal(FIO_PATH const& path);
 
-/// The text of a name, for an operation that takes a longer one for another.
+/// The bytes of a name, for an operation that takes a longer one for another.
 ///
 /// @throws error_already_set as `legal` does
-std::string const& legal_text(file_name const& name);
+std::string const& legal_string(file_name const& name);
 
-/// The path of a text.
+/// The path parsed from a name.
 ///
 /// @throws error_already_set as `legal` does
 FIO_PATH path_of(file_name const& name);

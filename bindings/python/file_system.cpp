@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "bindings/python/bindings.h"
 #include "bindings/python/errors.h"
@@ -16,19 +15,19 @@ namespace {
 
 using files = FIO_FILE_SYSTEM;
 
-template <bool (*Question)(char const*)>
-bool asked(file_name const& path) {
-  return without_interpreter([&] { return Question(path.c_str()); });
+template <bool (*Query)(char const*)>
+bool query(file_name const& path) {
+  return without_interpreter([&] { return Query(path.c_str()); });
 }
 
-void bind_questions(py::module_& module) {
-  module.def("exists", asked<files::exists>, py::arg("path"),
+void bind_queries(py::module_& module) {
+  module.def("exists", query<files::exists>, py::arg("path"),
              "Whether there is such an entry or, with * or ? in the path, any entry that matches.");
-  module.def("is_directory", asked<files::is_directory>, py::arg("path"),
+  module.def("is_directory", query<files::is_directory>, py::arg("path"),
              "Whether it is a directory, a block device or a socket; links are followed.");
-  module.def("is_regular_file", asked<files::is_regular_file>, py::arg("path"),
+  module.def("is_regular_file", query<files::is_regular_file>, py::arg("path"),
              "Whether it is a regular file or a socket; links are followed.");
-  module.def("is_directory_empty", asked<files::is_directory_empty>, py::arg("path"),
+  module.def("is_directory_empty", query<files::is_directory_empty>, py::arg("path"),
              "Whether a walk finds nothing in a directory. True for one that cannot be opened.");
   module.def(
       "is_older",
@@ -45,7 +44,7 @@ void bind_questions(py::module_& module) {
       "* matches as a prefix.");
 }
 
-void bind_texts(py::module_& module) {
+void bind_path_strings(py::module_& module) {
   module.def(
       "splitpath",
       [](file_name const& path) {
@@ -56,22 +55,21 @@ void bind_texts(py::module_& module) {
         }
         return py::make_tuple(directory, base, extension);
       },
-      py::arg("path"), "Divides a text into directory, base and extension without normalising anything.");
+      py::arg("path"), "Parses a path into directory, base and extension without normalising anything.");
   module.def(
       "makepath",
       [](file_name const& directory, file_name const& base, file_name const& extension) {
         constexpr std::size_t separators = 5; // and the NUL
-        std::string text(directory.bytes.size() + base.bytes.size() + extension.bytes.size() + separators, '\0');
-        files::makepath(text.data(), nullptr, directory.c_str(), base.c_str(), extension.c_str());
-        text.resize(text.find('\0'));
-        return file_name{std::move(text)};
+        std::string path(directory.bytes.size() + base.bytes.size() + extension.bytes.size() + separators, '\0');
+        files::makepath(path.data(), nullptr, directory.c_str(), base.c_str(), extension.c_str());
+        return decoded(path.c_str());
       },
       py::arg("directory"), py::arg("base"), py::arg("extension") = file_name(),
-      "The text that a directory, a base and an extension make.");
+      "The path that a directory, a base and an extension form.");
   module.def(
       "tmp_path",
       [](file_name const& path) {
-        return without_interpreter([&] { return file_name{files::get_tmp_path(path.c_str())}; });
+        return decoded(without_interpreter([&] { return files::get_tmp_path(path.c_str()); }));
       },
       py::arg("path") = file_name(),
       "A name for a temporary file in the directory of path; nothing is made. Open it exclusively.");
@@ -139,7 +137,7 @@ void bind_single_operations(py::module_& module) {
       "cannot be entered", "Changes the current directory of the process.");
   module.def(
       "get_current_directory",
-      [] { return without_interpreter([] { return file_name{files::get_current_directory()}; }); },
+      [] { return decoded(without_interpreter([] { return files::get_current_directory(); })); },
       "The current directory, or '' if it cannot be read or is too long.");
   module.def(
       "chmod",
@@ -229,8 +227,8 @@ void bind_removals(py::module_& module) {
 } // namespace
 
 void bind_file_system(py::module_& module) {
-  bind_questions(module);
-  bind_texts(module);
+  bind_queries(module);
+  bind_path_strings(module);
   bind_single_operations(module);
   bind_copies(module);
   bind_removals(module);

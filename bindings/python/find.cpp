@@ -71,11 +71,11 @@ using shared_walk = one_at_a_time<pattern_walk>;
 void bind_walk(py::module_& module) {
   whole_class<shared_walk> walk(module, "FindWalk", "An iterator over the names that Find.walk finds.");
   walk.def("__iter__", [](py::object const& self) { return self; }).def("__next__", [](shared_walk& self) {
-    std::string name = self.use([](pattern_walk& one) { return one.next(); });
+    std::string const name = self.use([](pattern_walk& one) { return one.next(); });
     if (name.empty()) {
       throw py::stop_iteration();
     }
-    return file_name{std::move(name)};
+    return decoded(name);
   });
   walk.seal();
 }
@@ -88,7 +88,7 @@ void bind_lists(find_class& bound) {
              return without_interpreter([&] { return std::make_unique<search>(search_path.bytes, recursive); });
            }),
            py::arg("search_path"), py::arg("recursive") = false,
-           "A search over the directories of a text that ';' separates; with recursive, all subdirectories follow.")
+           "A search over directories separated by ';'; with recursive, all subdirectories follow.")
       .def(py::init([](std::vector<file_name> const& directories, bool recursive) {
              std::list<FIO_PATH> const paths = directories_of(directories);
              return without_interpreter([&] { return std::make_unique<search>(paths, recursive); });
@@ -114,8 +114,8 @@ void bind_lists(find_class& bound) {
             if (directory.bytes.empty()) {
               throw py::value_error("an empty directory");
             }
-            std::string text = directory.bytes;
-            self.use([&](FIO_FIND& find) { find.push(text); });
+            std::string bytes = directory.bytes;
+            self.use([&](FIO_FIND& find) { find.push(bytes); });
           },
           py::arg("directory"), "Appends a directory to directories.")
       .def(
@@ -148,9 +148,9 @@ void bind_state(find_class& bound) {
           "absolute_to",
           [](search& self) { return self.use([](FIO_FIND& find) { return file_name{find.m_absolute_to}; }); },
           [](search& self, file_name const& directory) {
-            char const* const text = legal_text(directory).c_str();
+            char const* const path = legal_string(directory).c_str();
             bool const taken =
-                self.use([&](FIO_FIND& find) { return find.set_directory_for_results_to_become_absolute_to(text); });
+                self.use([&](FIO_FIND& find) { return find.set_directory_for_results_to_become_absolute_to(path); });
             if (!taken && !directory.bytes.empty()) {
               throw py::value_error("relative results become absolute to an absolute directory only");
             }
@@ -163,8 +163,8 @@ void bind_searches(find_class& bound) {
       .def(
           "find",
           [](search& self, file_name const& name) {
-            std::string place = self.use([&](FIO_FIND& find) { return find.find(name.bytes); });
-            return place.empty() ? std::nullopt : std::optional<file_name>({std::move(place)});
+            std::string const place = self.use([&](FIO_FIND& find) { return find.find(name.bytes); });
+            return place.empty() ? std::nullopt : std::optional<py::str>(decoded(place));
           },
           py::arg("name"), "The first place of a name, directories in it included, in directories; or None.")
       .def(
@@ -172,7 +172,10 @@ void bind_searches(find_class& bound) {
           [](search& self, file_name const& name) {
             return found(self.use([&](FIO_FIND& find) { return find.find_first(name.bytes); }));
           },
-          py::arg("name"), "The first place of a file name in the search list, or None. A directory in it is ignored.")
+          py::arg("name"),
+          "The first place of a file name in the search list, or None. A directory in it is ignored. Without a name, "
+          "or with "
+          "one of more than 1023 bytes, the first directory.")
       .def(
           "find_first_relative_path",
           [](search& self, file_name const& path) {
@@ -185,9 +188,9 @@ void bind_searches(find_class& bound) {
       .def(
           "find_all",
           [](search& self, file_name const& name, std::vector<file_name> const& extensions, bool try_lower_case) {
-            std::vector<std::string> const texts = strings_of(extensions);
+            std::vector<std::string> const strings = strings_of(extensions);
             std::list<FIO_PATH> places;
-            self.use([&](FIO_FIND& find) { find.find_all(name.bytes, texts, &places, false, try_lower_case); });
+            self.use([&](FIO_FIND& find) { find.find_all(name.bytes, strings, &places, false, try_lower_case); });
             std::for_each(places.begin(), places.end(), legal);
             return std::vector<FIO_PATH>(places.begin(), places.end());
           },

@@ -63,8 +63,8 @@ void bind_iterator(py::module_& module, char const* name, char const* argument, 
   using shared = one_at_a_time<Walk>;
   whole_class<shared> iterator(module, name, documentation);
   iterator
-      .def(py::init([](file_name const& text) {
-             return without_interpreter([&] { return std::make_unique<shared>(text.bytes); });
+      .def(py::init([](file_name const& path) {
+             return without_interpreter([&] { return std::make_unique<shared>(path.bytes); });
            }),
            py::arg(argument))
       .def("__iter__", [](py::object const& self) { return self; })
@@ -83,17 +83,17 @@ void bind_entry(py::module_& module) {
   entry
       .def_property_readonly(
           "path", [](FIO_DIRECTORY_ENTRY const& self) { return file_name{self.path}; },
-          "The text given to the iterator, '/' and the name; below the top level likewise.")
+          "The string given to the iterator, '/' and the name; below the top level likewise.")
       .def_property_readonly(
           "is_directory", [](FIO_DIRECTORY_ENTRY const& self) { return self.is_directory; },
           "What the directory says of the entry; also true for block devices and sockets, and false for links.")
       .def(
           "derive_path", [](FIO_DIRECTORY_ENTRY const& self) { return FIO_PATH(legal(self.derive_path())); },
-          "The path of the entry, with every \\ of its text taken for a separator.")
-      .def("__fspath__", [](FIO_DIRECTORY_ENTRY const& self) { return file_name{self.path}; })
+          "The path of the entry, with every \\ of its string taken for a separator.")
+      .def("__fspath__", [](FIO_DIRECTORY_ENTRY const& self) { return decoded(self.path); })
       .def("__repr__", [](FIO_DIRECTORY_ENTRY const& self) {
         return py::str("DirectoryEntry(path={}, is_directory={})")
-            .format(py::repr(py::cast(file_name{self.path})), self.is_directory);
+            .format(py::repr(decoded(self.path)), self.is_directory);
       });
   entry.seal();
 }
@@ -116,7 +116,7 @@ void bind_match(py::module_& module) {
       .def_property_readonly(
           "size", [](_finddata_t const& self) { return self.size; }, "The size in bytes.")
       .def("__repr__", [](_finddata_t const& self) {
-        return py::str("Match(name={}, size={})").format(py::repr(py::cast(file_name{self.name})), self.size);
+        return py::str("Match(name={}, size={})").format(py::repr(decoded(self.name)), self.size);
       });
   match.seal();
 }
@@ -129,7 +129,7 @@ void bind_iterators(py::module_& module) {
   bind_iterator<entry_walk<FIO_DIRECTORY_ITERATOR>>(
       module, "DirectoryIterator", "directory",
       "Walks one directory, in the order of the file system, without '.' and '..'.\n\n"
-      "What is no directory, or cannot be opened, has no entries: exists(directory + '/*') tells them apart.");
+      "What is no directory, or cannot be opened, has no entries: exists(directory + '/*') is false for it.");
   bind_iterator<entry_walk<FIO_RECURSIVE_DIRECTORY_ITERATOR>>(
       module, "RecursiveDirectoryIterator", "directory",
       "Walks a tree depth first, a directory before its contents; links are not entered.\n\n"

@@ -8,6 +8,7 @@
 #include <pybind11/pybind11.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// A name as the library has it.
@@ -25,6 +26,15 @@ std::vector<file_name> names_of(Strings const& strings) {
     names.push_back({string});
   }
   return names;
+}
+
+/// The string of Python for a name.
+inline pybind11::str decoded(std::string_view name) {
+  PyObject* const string = PyUnicode_DecodeFSDefaultAndSize(name.data(), static_cast<Py_ssize_t>(name.size()));
+  if (string == nullptr) {
+    throw pybind11::error_already_set();
+  }
+  return pybind11::reinterpret_steal<pybind11::str>(string);
 }
 
 template <>
@@ -48,8 +58,8 @@ struct pybind11::detail::type_caster<file_name> {
     return true;
   }
 
-  static handle cast(file_name const& text, return_value_policy /*policy*/, handle /*parent*/) {
-    return PyUnicode_DecodeFSDefaultAndSize(text.bytes.data(), static_cast<Py_ssize_t>(text.bytes.size()));
+  static handle cast(file_name const& name, return_value_policy /*policy*/, handle /*parent*/) {
+    return decoded(name.bytes).release();
   }
 };
 

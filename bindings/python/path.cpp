@@ -11,13 +11,8 @@
 
 namespace {
 
-/// What a path's text is, without a copy. No path of Python is too long, so no message is written.
-std::string_view text_of(FIO_PATH const& path) { return static_cast<char const*>(path); }
-
-py::str to_python(std::string_view text) {
-  return py::reinterpret_steal<py::str>(
-      PyUnicode_DecodeFSDefaultAndSize(text.data(), static_cast<Py_ssize_t>(text.size())));
-}
+/// The string of a path, without a copy. No path of Python is too long, so no message is written.
+std::string_view string_of(FIO_PATH const& path) { return static_cast<char const*>(path); }
 
 /// A path that an edit has made.
 ///
@@ -28,21 +23,21 @@ FIO_PATH edited(FIO_PATH path, Edit edit) {
   return legal(path);
 }
 
-/// A setter of one text as a method that returns another path.
+/// A setter of one string as a method that returns another path.
 template <FIO_PATH& (FIO_PATH::*Set)(std::string const&)>
-FIO_PATH with(FIO_PATH const& path, file_name const& text) {
-  return edited(path, [&](FIO_PATH& copy) { (copy.*Set)(text.bytes); });
+FIO_PATH with(FIO_PATH const& path, file_name const& value) {
+  return edited(path, [&](FIO_PATH& copy) { (copy.*Set)(value.bytes); });
 }
 
 template <std::string (FIO_PATH::*Get)() const>
-file_name part(FIO_PATH const& path) {
-  return {(path.*Get)()};
+py::str part(FIO_PATH const& path) {
+  return decoded((path.*Get)());
 }
 
 // Not the member itself, which would be called for None.
-template <bool (FIO_PATH::*Ask)() const>
+template <bool (FIO_PATH::*Query)() const>
 bool holds(FIO_PATH const& path) {
-  return (path.*Ask)();
+  return (path.*Query)();
 }
 
 std::vector<file_name> levels_of(FIO_PATH const& path) {
@@ -65,31 +60,31 @@ void bind_making(path_class& path) {
   path.def(py::init([] { return FIO_PATH(); }), "An empty path.")
       .def(py::init([](FIO_PATH const& other) { return other; }), py::arg("path"), "The same path.")
       .def(py::init(&path_of), py::arg("path"),
-           "The path of a text, divided into directory, base and extension; both / and \\ separate, and runs of them "
+           "The path parsed from a string into directory, base and extension; both / and \\ separate, and runs of them "
            "are one. OSError with ENAMETOOLONG for more than 1023 bytes, here and in all edits.")
       .def(py::init(&joined_path), py::arg("directory"), py::arg("name"),
-           "Joins a directory and a name without dividing them: a separator in the name stays in the base.");
+           "Joins a directory and a name without parsing them: a separator in the name stays in the base.");
 }
 
 void bind_text(path_class& path) {
   path.def("__fspath__", part<&FIO_PATH::fullpath>)
       .def("__str__", part<&FIO_PATH::fullpath>)
-      .def("__bytes__", [](FIO_PATH const& self) { return py::bytes(text_of(self)); })
+      .def("__bytes__", [](FIO_PATH const& self) { return py::bytes(string_of(self)); })
       .def("__repr__",
-           [](FIO_PATH const& self) { return py::str("Path({})").format(py::repr(to_python(text_of(self)))); })
+           [](FIO_PATH const& self) { return py::str("Path({})").format(py::repr(decoded(string_of(self)))); })
       .def("__reduce__",
            [](py::object const& self) { return py::make_tuple(py::type::of(self), py::make_tuple(py::str(self))); })
       .def(
-          "__bool__", [](FIO_PATH const& self) { return !text_of(self).empty(); }, "Whether there is any text.")
-      .def("__hash__", [](FIO_PATH const& self) { return py::hash(py::bytes(text_of(self))); })
+          "__bool__", [](FIO_PATH const& self) { return !string_of(self).empty(); }, "Whether the string is not empty.")
+      .def("__hash__", [](FIO_PATH const& self) { return py::hash(py::bytes(string_of(self))); })
       .def(
-          "__eq__", [](FIO_PATH const& self, FIO_PATH const& other) { return text_of(self) == text_of(other); },
-          py::is_operator(), "Whether the texts are the same; see same_place.")
+          "__eq__", [](FIO_PATH const& self, FIO_PATH const& other) { return string_of(self) == string_of(other); },
+          py::is_operator(), "Whether the strings are the same; see same_place.")
       .def(
-          "__lt__", [](FIO_PATH const& self, FIO_PATH const& other) { return text_of(self) < text_of(other); },
-          py::is_operator(), "Orders by the bytes of the texts.")
+          "__lt__", [](FIO_PATH const& self, FIO_PATH const& other) { return string_of(self) < string_of(other); },
+          py::is_operator(), "Orders by the bytes of the strings.")
       .def(
-          "__le__", [](FIO_PATH const& self, FIO_PATH const& other) { return text_of(self) <= text_of(other); },
+          "__le__", [](FIO_PATH const& self, FIO_PATH const& other) { return string_of(self) <= string_of(other); },
           py::is_operator());
 }
 
@@ -113,10 +108,10 @@ void bind_components(path_class& path) {
 
 void bind_edits(path_class& path) {
   path.def("with_directory", with<&FIO_PATH::directory>, py::arg("directory"),
-           "Another directory; an empty text removes it.")
+           "Another directory; an empty one removes it.")
       .def("with_base", with<&FIO_PATH::base>, py::arg("base"), "Another base, unchecked: a dot in it stays in it.")
       .def("with_filename", with<&FIO_PATH::filename>, py::arg("filename"),
-           "Another name and extension. A directory in the text is appended to the present one.")
+           "Another name and extension. A directory in it is appended to the present one.")
       .def("with_tail", with<&FIO_PATH::tail>, py::arg("tail"), "Another last level of the directory.")
       .def(
           "with_extension",
@@ -144,7 +139,8 @@ void bind_location(path_class& path) {
   path.def(
           "simplified",
           [](FIO_PATH const& self) { return edited(self, [](FIO_PATH& copy) { copy.become_simplified(); }); },
-          "Without '.' and, as far as the text allows, '..' in the directory; links are not looked at. The environment "
+          "Without '.' and, as far as the string allows, '..' in the directory; links are not looked at. The "
+          "environment "
           "variable fio_old_simplify selects an older algorithm.")
       .def(
           "flattened", [](FIO_PATH const& self) { return edited(self, [](FIO_PATH& copy) { copy.flatten(); }); },
@@ -152,7 +148,7 @@ void bind_location(path_class& path) {
       .def(
           "absolute",
           [](FIO_PATH const& self, file_name const& directory) {
-            return edited(self, [&](FIO_PATH& copy) { copy.become_absolute(legal_text(directory)); });
+            return edited(self, [&](FIO_PATH& copy) { copy.become_absolute(legal_string(directory)); });
           },
           py::arg("directory") = file_name(),
           "A relative path anchored at a directory, or at the current one if that is empty, and simplified. An "
@@ -161,7 +157,7 @@ void bind_location(path_class& path) {
       .def(
           "relative_to",
           [](FIO_PATH const& self, file_name const& directory) {
-            return path_of({self.get_relative_to(legal_text(directory))});
+            return path_of({self.get_relative_to(legal_string(directory))});
           },
           py::arg("directory"),
           "The path as seen from a directory, if both are absolute and share their first level; otherwise the path as "
@@ -183,10 +179,11 @@ void bind_location(path_class& path) {
 } // namespace
 
 void bind_path(py::module_& module) {
-  path_class path(module, "Path",
-                  "A file or directory name, in components and as one text.\n\n"
-                  "Paths do not change: an edit returns another one. They are equal, hashed and sorted by their texts. "
-                  "A path says nothing about what exists.");
+  path_class path(
+      module, "Path",
+      "A file or directory name, in components and as one string.\n\n"
+      "Paths do not change: an edit returns another one. They are equal, hashed and sorted by their strings. "
+      "A path says nothing about what exists.");
   bind_making(path);
   bind_text(path);
   bind_components(path);

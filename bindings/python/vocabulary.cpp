@@ -67,7 +67,7 @@ void bind_extension_types(py::module_& module) {
   });
 }
 
-void bind_texts(py::module_& module) {
+void bind_strings(py::module_& module) {
   module.def("editor_string",
              [](std::uint32_t editor) { return fio_get_editor_type_string(static_cast<FIO_EDITOR_TYPE>(editor)); });
   module.def("file_type_trait_string",
@@ -86,5 +86,5 @@ void bind_texts(py::module_& module) {
 void bind_vocabulary(py::module_& module) {
   bind_file_types(module);
   bind_extension_types(module);
-  bind_texts(module);
+  bind_strings(module);
 }

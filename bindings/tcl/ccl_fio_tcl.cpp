@@ -206,7 +206,7 @@ Tcl_Obj* new_name(std::string const& bytes) noexcept {
   return Tcl_NewStringObj(text.view().data(), static_cast<int>(text.view().size()));
 }
 
-/// Fails if the text of a path was too long, which has left it empty.
+/// Fails if the string of a path was too long, which has left it empty.
 FIO_PATH const& checked(Tcl_Interp* interp, FIO_PATH const& path, Tcl_Obj* name) {
   if (!path.is_legal_length()) {
     fail(interp, ENAMETOOLONG, "use path", name);
@@ -314,10 +314,10 @@ void find_all(invocation const& given) {
 
 // type, filter
 
-/// A text of the vocabulary; null counts as empty.
-Tcl_Obj* new_text(char const* text) noexcept { return Tcl_NewStringObj(text == nullptr ? "" : text, -1); }
+/// A string of the vocabulary; null counts as empty.
+Tcl_Obj* new_string(char const* text) noexcept { return Tcl_NewStringObj(text == nullptr ? "" : text, -1); }
 
-/// The texts of a type's traits, each once: two traits may have the same.
+/// The names of a type's traits, each once: two traits may have the same.
 owned traits_of(FIO_FILE_TYPE type) {
   owned list = new_list();
   std::vector<std::string_view> seen;
@@ -326,7 +326,7 @@ owned traits_of(FIO_FILE_TYPE type) {
     char const* const text = fio_get_file_type_trait_string(trait);
     if (text != nullptr && fio_test_trait_of(type, trait) && std::find(seen.begin(), seen.end(), text) == seen.end()) {
       seen.emplace_back(text);
-      append(list, new_text(text));
+      append(list, new_string(text));
     }
   }
   return list;
@@ -341,11 +341,11 @@ void type(invocation const& given) {
   }
   FIO_EDITOR_TYPE const editor = fio_get_editor_type(type);
   owned const facts = hold(Tcl_NewDictObj());
-  put(facts, "type", new_text(fio_get_file_type_name(type)));
-  put(facts, "extension", new_text(fio_get_extension_string(extension)));
-  put(facts, "editor", new_text(editor == FIO_EDITOR_TYPE_NONE ? nullptr : fio_get_editor_type_string(editor)));
+  put(facts, "type", new_string(fio_get_file_type_name(type)));
+  put(facts, "extension", new_string(fio_get_extension_string(extension)));
+  put(facts, "editor", new_string(editor == FIO_EDITOR_TYPE_NONE ? nullptr : fio_get_editor_type_string(editor)));
   put(facts, "number", Tcl_NewIntObj(type));
-  put(facts, "description", new_text(fio_get_file_description(type)));
+  put(facts, "description", new_string(fio_get_file_description(type)));
   put(facts, "traits", traits_of(type).get());
   given.result(facts.get());
 }
@@ -361,14 +361,14 @@ void filter(invocation const& given) {
     return;
   }
   if (!for_tk) {
-    given.result(new_text(fio_get_file_type_filter(type, plural).c_str()));
+    given.result(new_string(fio_get_file_type_filter(type, plural).c_str()));
     return;
   }
   std::list<FIO_EXTENSION_TYPE> used;
   fio_get_extension_type_list(&used, FIO_EXTENSION_TYPE_ANY, type);
   owned const patterns = new_list();
   for (FIO_EXTENSION_TYPE const extension : used) {
-    append(patterns, new_text(fio_get_extension_string(extension)));
+    append(patterns, new_string(fio_get_extension_string(extension)));
   }
   Tcl_Obj* const parts[] = {Tcl_ObjPrintf("%s%s", fio_get_file_type_name(type), plural ? "s" : ""), patterns.get()};
   given.result(Tcl_NewListObj(2, parts));
