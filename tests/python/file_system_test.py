@@ -108,6 +108,14 @@ def test_removal_by_pattern_and_age(scratch):
     assert sorted(os.listdir("tree")) == ["b.v", "c.h"]
 
 
+def test_files_are_removed_by_pattern_without_what_links_lead_to(scratch):
+    fio.touch("outside/file")
+    fio.create("tree")
+    os.symlink("../outside", "tree/link")
+    fio.remove_files("tree/*link")
+    assert os.listdir("tree") == [] and os.listdir("outside") == ["file"]
+
+
 def test_empty_directories_are_removed(scratch):
     fio.create("tree/a/b")
     fio.touch("tree/c/file")
