@@ -29,7 +29,6 @@ void bind_vocabulary(py::module_& module);
 class lock_release {
 public:
   lock_release() : m_state(PyEval_SaveThread()) {}
-  // NOLINTNEXTLINE(bugprone-exception-escape,performance-noexcept-destructor): see above
   ~lock_release() noexcept(false) { PyEval_RestoreThread(m_state); }
   lock_release(lock_release const&) = delete;
   lock_release& operator=(lock_release const&) = delete;
