@@ -58,8 +58,8 @@ struct pybind11::detail::type_caster<file_name> {
     return true;
   }
 
-  static handle cast(file_name const& name, return_value_policy /*policy*/, handle /*parent*/) {
-    return decoded(name.bytes).release();
+  static handle cast(file_name const& from, return_value_policy /*policy*/, handle /*parent*/) {
+    return decoded(from.bytes).release();
   }
 };
 
