@@ -73,6 +73,7 @@ using if_taken_for_pointers = std::enable_if_t<
                        std::is_convertible<Left const&, char const*>, std::is_convertible<Right const&, char const*>>,
     Result>;
 
+/// Whether this is `FIO_PATH` itself or a string type.
 template <typename T>
 inline constexpr bool is_path_or_text = std::is_same_v<T, FIO_PATH> || is_text<T>;
 
