@@ -1,16 +1,23 @@
 // Faults that the system really has: full and read-only disks, directories that go or change under a walk, names and
 // trees of every shape. Each case runs in a process of its own, as a fault may outlast it.
+//
+//     real_faults [--full] [--here] [--except CASE]... [CASE]...
+//
+// runs the cases named, or all but those excepted; with --here on the file system of the temporary directory, where a
+// case would otherwise get one in memory.
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <exception>
+#include <iterator>
 #include <string>
+#include <vector>
 
 #include "tests/faults/case.h"
 #include "tests/faults/cases.h"
@@ -91,7 +98,45 @@ struct report {
 
 void keep_text(char (&field)[240], std::string const& text) { field[text.copy(field, sizeof field - 1)] = '\0'; }
 
-// Gives the case what it cannot do without, and a file system in memory over its folder where that is possible.
+// What the command line chooses.
+struct {
+  bool here = false;
+  std::vector<std::string> only;
+  std::vector<std::string> except;
+} wanted;
+
+bool is_wanted(fault_case const& one) {
+  auto const names = [&one](std::string const& name) { return name == one.name; };
+  return std::none_of(wanted.except.begin(), wanted.except.end(), names) &&
+         (wanted.only.empty() || std::any_of(wanted.only.begin(), wanted.only.end(), names));
+}
+
+bool is_name_of_case(std::string const& name) {
+  return std::any_of(std::begin(cases), std::end(cases), [&name](fault_case const& one) { return name == one.name; });
+}
+
+bool read_arguments(int count, char** arguments) {
+  for (int i = 1; i < count; ++i) {
+    std::string const argument = arguments[i];
+    if (argument == "--full") {
+      faults::want_full();
+    } else if (argument == "--here") {
+      wanted.here = true;
+    } else {
+      bool const excepted = argument == "--except" && i + 1 < count;
+      std::string const name = excepted ? arguments[++i] : argument;
+      if (!is_name_of_case(name)) {
+        std::fprintf(stderr, "no case is called \"%s\"\n", name.c_str());
+        return false;
+      }
+      (excepted ? wanted.except : wanted.only).push_back(name);
+    }
+  }
+  return true;
+}
+
+// Gives the case what it cannot do without, and a file system in memory over its folder where that is possible and the
+// command line does not say otherwise.
 void prepare(needs need, scratch_tree const& tree) {
   bool const privileged = ::geteuid() == 0;
   if (need == needs::devices && !privileged) {
@@ -100,9 +145,9 @@ void prepare(needs need, scratch_tree const& tree) {
   // A user who enters a user namespace is no ordinary one there.
   if (need != needs::ordinary_user || privileged) {
     std::string const refusal = faults::enter_private_mounts();
-    if (refusal.empty()) {
+    if (refusal.empty() && !wanted.here) {
       faults::mount_memory(tree.root(), "mode=755");
-    } else if (need == needs::mounts) {
+    } else if (!refusal.empty() && need == needs::mounts) {
       throw faults::skipped{refusal};
     }
   }
@@ -186,8 +231,8 @@ void add_reason(std::string& reasons, std::string const& reason) {
 } // namespace
 
 int main(int argument_count, char** arguments) {
-  if (argument_count > 1 && std::strcmp(arguments[1], "--full") == 0) {
-    faults::want_full();
+  if (!read_arguments(argument_count, arguments)) {
+    return 2;
   }
   long ran = 0;
   long checks = 0;
@@ -196,6 +241,9 @@ int main(int argument_count, char** arguments) {
   std::string reasons;
   std::string figures;
   for (fault_case const& one : cases) {
+    if (!is_wanted(one)) {
+      continue;
+    }
     report const told = run_case(one);
     ran += told.skipped[0] == '\0' ? 1 : 0;
     checks += told.checks;
