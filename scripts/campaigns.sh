@@ -48,18 +48,13 @@ for campaign in ${wanted:-$all}; do
   tail -n 1 "$figures/$campaign.log" | tee "$figures/$campaign"
 done
 
-# Puts the figures in the place of those between the two marks.
 update_table() {
   {
-    sed '/^<!-- figures -->$/q' docs/testing.md
-    printf '\n| campaign | figure |\n|---|---|\n'
+    printf '| campaign | figure |\n|---|---|\n'
     for campaign in $all; do
       [ ! -f "$figures/$campaign" ] || sed 's/^\([^:]*\): \(.*\)$/| \1 | \2 |/' "$figures/$campaign"
     done
-    printf '\n'
-    sed -n '/^<!-- end of figures -->$/,$p' docs/testing.md
-  } >"$figures/testing.md"
-  cp "$figures/testing.md" docs/testing.md
+  } | replace_marked docs/testing.md figures
 }
 
 [ -z "$update" ] || update_table

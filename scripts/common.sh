@@ -70,3 +70,15 @@ build() {
     return 1
   fi
 }
+
+# Puts standard input in the place of what a page has between the marks of this name.
+replace_marked() {
+  {
+    sed "/^<!-- $2 -->\$/q" "$1"
+    printf '\n'
+    cat
+    printf '\n'
+    sed -n "/^<!-- end of $2 -->\$/,\$p" "$1"
+  } >"build/${1##*/}"
+  cp "build/${1##*/}" "$1"
+}
