@@ -281,7 +281,7 @@ std::string permissions(scratch_tree const& tree) {
       tree);
   CHECK(told);
   bool const holds = holds_for_ordinary_user(
-      [](scratch_tree const& whole) { return ::open(whole.path("closed").c_str(), O_RDONLY | O_CLOEXEC) == -1; }, tree);
+      [](scratch_tree const& whole) { return ::open(whole.path("closed").c_str(), O_WRONLY | O_CLOEXEC) == -1; }, tree);
   // A copy has the permissions of a new file.
   write_file("made", "");
   CHECK(files::copy("closed", "opened", false, false));
