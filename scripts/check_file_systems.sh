@@ -50,7 +50,8 @@ check_all() {
 
 clean_up() {
   if [ -n "$inside" ]; then
-    kill -KILL "$inside" && wait "$inside" || true
+    kill -KILL "$inside" || true
+    wait "$inside" || true
   fi 2>/dev/null
   rmdir "$images"
 }
@@ -222,7 +223,7 @@ check_one() {
   log=$rows/$name.log
   mkdir "$place"
   if ! mount_one "$name" >"$log" 2>&1; then
-    say "$name: LEFT OUT: this machine cannot mount it: $(grep -v '^$' "$log" | tail -n 1)"
+    say "$name: LEFT OUT: this machine cannot mount it: $(grep -v '^$\|dmesg' "$log" | tail -n 1)"
     printf '| %s | left out: this machine cannot mount it | | | | | | | | | | | |\n' "$name" >"$rows/$name.row"
     unmount_all
     return 0
