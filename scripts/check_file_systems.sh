@@ -6,7 +6,7 @@
 
 . "$(dirname -- "$0")/common.sh"
 
-all="ext4 ext4_casefold xfs btrfs tmpfs overlay bindfs disorderfs ntfs vfat squashfs"
+all="ext4 ext4_casefold xfs btrfs tmpfs overlay bindfs disorderfs ntfs ntfs_nocase vfat squashfs"
 programs="fio_test real_faults stress_threads stress_processes system_call_sweep"
 packages_to_mount="e2fsprogs xfsprogs btrfs-progs squashfs-tools bindfs disorderfs ntfs-3g dosfstools"
 rows=$repository/build/file_systems
@@ -142,7 +142,11 @@ mount_one() {
     ;;
   ntfs)
     make_image 1g
-    mkntfs -q -F -Q "$image" && lowntfs-3g -o ignore_case,permissions "$image" "$place"
+    mkntfs -q -F -Q "$image" && ntfs-3g -o permissions "$image" "$place"
+    ;;
+  ntfs_nocase)
+    make_image 1g
+    mkntfs -q -F -Q "$image" && lowntfs-3g -o permissions,ignore_case "$image" "$place"
     ;;
   vfat)
     make_image 1g
@@ -178,7 +182,7 @@ run_program() {
     ;;
   stress_processes)
     case $name in
-    bindfs | disorderfs | ntfs) "$found" --small ;; # every call goes through another process
+    bindfs | disorderfs | ntfs*) "$found" --small ;; # every call goes through another process
     *) "$found" ;;
     esac
     ;;
