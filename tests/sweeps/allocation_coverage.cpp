@@ -50,7 +50,7 @@ std::vector<std::string> coverage_mistakes(operation_table const& table, char co
     mistakes.push_back(std::string("no function stands in ") + symbols);
   }
   std::set<std::string> covered;
-  for (operation const& row : table.operations()) {
+  for (swept_operation const& row : table.operations()) {
     for (std::string const& name : row.covers) {
       covered.insert(name);
       if (name.rfind(inline_prefix, 0) != 0 && exported.count(name) == 0) {

@@ -277,7 +277,7 @@ void add_find_handles(operation_table& table) {
 }
 
 void add_creating_and_copying(operation_table& table) {
-  auto const add = [&table](char const* covered, auto call) -> operation& {
+  auto const add = [&table](char const* covered, auto call) -> swept_operation& {
     return table.add({covered}, draw, call).may_leave(part_is_done);
   };
   add("FIO_FILE_SYSTEM::create(std::string const&)",
@@ -330,7 +330,7 @@ std::vector<std::string> removal_errors() {
 }
 
 void add_bulk_removal(operation_table& table) {
-  auto const add = [&table](char const* covered, auto call) -> operation& {
+  auto const add = [&table](char const* covered, auto call) -> swept_operation& {
     return table.add({covered}, draw, call).may_leave(part_is_done);
   };
   table.add({"FIO_FILE_SYSTEM::get_tmp_path(char const*)"}, no_object, [](nothing) {

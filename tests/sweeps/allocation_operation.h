@@ -34,13 +34,13 @@ public:
 using state_rule = std::function<bool(std::string const& state, std::string const& before, std::string const& clean)>;
 
 /// An operation and its contract.
-class operation {
+class swept_operation {
 public:
-  operation(std::vector<std::string> covered, std::function<std::unique_ptr<trial>()> make_trial)
+  swept_operation(std::vector<std::string> covered, std::function<std::unique_ptr<trial>()> make_trial)
       : covers(std::move(covered)), prepare(std::move(make_trial)) {}
 
   /// Says which states a failure may leave, if it is not the one before the call.
-  operation& may_leave(state_rule rule) {
+  swept_operation& may_leave(state_rule rule) {
     allows_state = rule;
     return *this;
   }
@@ -48,36 +48,36 @@ public:
   /// Says what the operation answers instead if a layer below is told that there is no memory: the C library for a
   /// stream, or Boost.Filesystem for what it walks. Each must come about. The right answer stands among them where it
   /// is given for nothing done.
-  operation& answers_without_memory_below(std::vector<std::string> answers) {
+  swept_operation& answers_without_memory_below(std::vector<std::string> answers) {
     refusals = std::move(answers);
     return *this;
   }
 
   /// Says that the layer below turns what `new` throws into an answer of its own.
-  operation& hides_exceptions() {
+  swept_operation& hides_exceptions() {
     exceptions_are_hidden = true;
     return *this;
   }
 
   /// Says that a call takes something from its object that a failed call has taken as well, so that the next call does
   /// not come to the same.
-  operation& goes_on_after_failure() {
+  swept_operation& goes_on_after_failure() {
     is_repeatable = false;
     return *this;
   }
 
   /// Says how many of the allocations leave a stream, or a record, if they are the first to fail.
-  operation& leaves_streams(int count) {
+  swept_operation& leaves_streams(int count) {
     streams_left = count;
     return *this;
   }
-  operation& leaves_records(int count) {
+  swept_operation& leaves_records(int count) {
     records_left = count;
     return *this;
   }
 
   /// Says that some of the allocations end the program if they fail, for want of a better answer of Boost.Filesystem.
-  operation& ends_program() {
+  swept_operation& ends_program() {
     may_end_program = true;
     return *this;
   }
@@ -133,7 +133,7 @@ public:
   /// An operation that may run out of memory. `prepare()` answers the subject, and `call(subject)` calls the operation;
   /// both are read as texts by `text_of`. An answer must not be a reference, which would be copied.
   template <typename Prepare, typename Operation>
-  operation& add(std::vector<std::string> covers, Prepare prepare, Operation call) {
+  swept_operation& add(std::vector<std::string> covers, Prepare prepare, Operation call) {
     using subject = decltype(prepare());
     return m_operations.emplace_back(std::move(covers), [prepare, call]() -> std::unique_ptr<trial> {
       return std::make_unique<trial_of<subject, Operation>>(prepare, call);
@@ -146,10 +146,10 @@ public:
     add(std::move(covers), prepare, call).allocates = false;
   }
 
-  std::deque<operation> const& operations() const { return m_operations; }
+  std::deque<swept_operation> const& operations() const { return m_operations; }
 
 private:
-  std::deque<operation> m_operations;
+  std::deque<swept_operation> m_operations;
 };
 
 /// @name The operations, by area

@@ -156,7 +156,7 @@ void add_component_setters(operation_table& table) {
 }
 
 void add_other_setters(operation_table& table) {
-  auto const add = [&table](char const* covered, auto set) -> operation& {
+  auto const add = [&table](char const* covered, auto set) -> swept_operation& {
     return table.add({covered}, tight_path, set).may_leave(component_is_stored);
   };
   add("FIO_PATH::extension(FIO_EXTENSION_TYPE, FIO_EXTENSION_TYPE)",

@@ -111,7 +111,7 @@ void add_iterator(operation_table& table, std::string const& class_name, std::ve
       .may_leave(is_at_end)
       .answers_without_memory_below({"1"});
   // The entry that a failed call had read is lost to the next one.
-  operation& incrementing = table.add(std::move(increment), open_walk<Iterator>, [](walk<Iterator>& subject) {
+  swept_operation& incrementing = table.add(std::move(increment), open_walk<Iterator>, [](walk<Iterator>& subject) {
     subject.iterator->increment();
     return subject.is_at_end();
   });

@@ -37,14 +37,14 @@ struct known_leftover {
   char const* cause;
   char const* reason;
   int leftovers::*open;
-  int operation::*expected;
+  int swept_operation::*expected;
 };
 
 constexpr known_leftover known_leftovers[] = {
     {"FIO_FILE_SYSTEM::findfirst", "the directory is opened before there is memory for the handle, and stays open",
-     &leftovers::streams, &operation::streams_left},
+     &leftovers::streams, &swept_operation::streams_left},
     {"fio_get_unc_full_path", "the record is released behind the copy of its text alone", &leftovers::records,
-     &operation::records_left},
+     &swept_operation::records_left},
 };
 // Beside these, `boost::filesystem::path::compare` promises not to throw and asks for memory, for a component of more than
 // 15 characters: the program ends if there is none.
@@ -122,7 +122,7 @@ outcome call_with_all_memory(trial& subject) { return call(subject, 0, failing_m
 // The sweep of one operation.
 class sweep {
 public:
-  explicit sweep(operation const& swept) : m_operation(swept), m_refusal_seen(swept.refusals.size(), false) {
+  explicit sweep(swept_operation const& swept) : m_operation(swept), m_refusal_seen(swept.refusals.size(), false) {
     std::unique_ptr<trial> const subject = m_operation.prepare();
     m_before = subject->state();
     m_clean = call_with_all_memory(*subject);
@@ -267,7 +267,7 @@ private:
     close_leftovers();
   }
 
-  operation const& m_operation;
+  swept_operation const& m_operation;
   std::string m_before;
   outcome m_clean;
   int m_left[leftover_kinds] = {};
@@ -275,7 +275,7 @@ private:
   std::vector<bool> m_refusal_seen;
 };
 
-void sweep_operation(operation const& swept) {
+void sweep_operation(swept_operation const& swept) {
   running = {swept.covers.front().c_str(), failing_mode::once, 0};
   sweep sweep_of_it(swept);
   if (!sweep_of_it.is_sound() || !swept.allocates) {
@@ -306,7 +306,7 @@ int main() {
     ++total.wrong;
     std::printf("%s\n", mistake.c_str());
   }
-  for (operation const& row : table.operations()) {
+  for (swept_operation const& row : table.operations()) {
     sweep_operation(row);
   }
   std::printf(
