@@ -7,7 +7,7 @@
 . "$(dirname -- "$0")/common.sh"
 
 all="exhaustive_texts random_sequences allocation_sweep system_call_sweep real_faults stress_threads stress_processes \
-fuzzing mutation coverage"
+power_cuts long_life fuzzing mutation coverage"
 update=
 wanted=
 for argument in "$@"; do
@@ -32,6 +32,14 @@ failed=0
 # Runs a campaign. What it prints last is its figure.
 run_campaign() {
   case $1 in
+  power_cuts)
+    if [ "$(id -u)" = 0 ]; then
+      need_packages $packages_to_cut_power
+    else
+      say "power_cuts: left out, for only root can mount a disk"
+    fi
+    /usr/bin/python3 tests/crash/power_cuts.py "$(find build/release/tests -type f -name crash_operation)"
+    ;;
   fuzzing) scripts/fuzz.sh 60 ;;
   mutation) sed -n 's/^mutation: /&/p' tests/mutation/report.md ;;
   coverage) scripts/coverage.sh ;;

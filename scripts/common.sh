@@ -14,6 +14,7 @@ packages_to_check="$packages_to_bind libgtest-dev clang-format pkgconf abigail-t
   tcl-thread python3 python3-pytest mypy"
 packages_to_check_all="clang libclang-rt-14-dev clang-tidy valgrind qt6-base-dev chromium chromium-driver python3-selenium"
 packages_to_measure="gcovr"
+packages_to_cut_power="python3 python3-fusepy e2fsprogs xfsprogs mount"
 
 say() {
   printf '== %s\n' "$*" >&2
