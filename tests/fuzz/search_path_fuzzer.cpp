@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <boost/system/system_error.hpp>
+#include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -148,6 +149,63 @@ std::string expected_find(FIO_FIND const& find, std::string const& name) {
   return found.empty() || find.m_absolute_to.empty() || path.absolute() ? found : made_absolute(found, find);
 }
 
+std::string lower(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+  return text;
+}
+
+// What find_all finds for a name without a directory, whose search list has no wildcard.
+std::vector<std::string> expected_find_all(FIO_FIND const& find, std::string const& name,
+                                           std::vector<std::string> const& extensions) {
+  std::vector<std::string> found;
+  std::string const base = fuzz::divided(name).base;
+  for (std::string const& directory : texts_of(find.m_search_list)) {
+    if (directory.empty() || !fuzz::leads_anywhere(directory)) {
+      continue;
+    }
+    for (std::string const& given : extensions) {
+      std::string const extension = given.empty() ? "" : '.' + given;
+      std::string const half_lower = directory + lower(base) + lower(extension);
+      for (std::string const& candidate :
+           {directory + base + extension, directory + lower(base) + extension, half_lower, lower(half_lower)}) {
+        std::vector<std::string> const matches = fuzz::matching_entries(candidate);
+        if (!matches.empty()) {
+          found.insert(found.end(), matches.begin(), matches.end());
+          break;
+        }
+      }
+    }
+  }
+  std::transform(found.begin(), found.end(), found.begin(),
+                 [&find](std::string const& text) { return made_absolute(text, find); });
+  std::sort(found.begin(), found.end());
+  return found;
+}
+
+// Whether what a name stands for is a file of this name in each directory: no component of it is empty or made of dots,
+// and all that is made of it is short enough.
+bool is_plain_name(std::string const& name) {
+  constexpr std::size_t short_enough = 500;
+  return name.size() < short_enough && name.find_first_of(std::string("/\\\0", 3)) == std::string::npos &&
+         fuzz::divided(name).base.find_first_not_of('.') != std::string::npos;
+}
+
+void check_find_all(FIO_FIND const& find, std::string const& name, bool is_predictable) {
+  std::vector<std::string> const extensions = {"v", "", "*"};
+  std::list<FIO_PATH> matches(1);
+  bool const found = find.find_all(name, extensions, &matches, true, true);
+  fuzz::expect(found == (matches.size() > 1) && !matches.empty(), "find_all tells whether it adds", name);
+  matches.pop_front();
+  std::vector<std::string> const directories = texts_of(find.m_search_list);
+  if (is_predictable && is_plain_name(name) &&
+      std::all_of(directories.begin(), directories.end(), [](std::string const& text) { return text.size() < 500; })) {
+    std::vector<std::string> texts = texts_of(matches);
+    std::sort(texts.begin(), texts.end());
+    fuzz::expect_equal(texts, expected_find_all(find, name, extensions), "what find_all finds");
+  }
+}
+
 void check_absolute_directory(FIO_FIND& find, std::string const& directory) {
   bool const is_absolute = !directory.empty() && directory.size() <= fuzz::longest_path &&
                            fuzz::is_separator(directory.front()) && directory.front() != '\0';
@@ -183,16 +241,15 @@ void check_searches(request const& given) {
   std::string const first = find.find_first(given.name).fullpath();
   std::string const by_text = find.find(given.name);
   std::string const relative = find.find_first_relative_path(given.name).fullpath();
-  if (std::none_of(places.begin(), places.end(), fuzz::has_wildcard)) {
+  bool const is_predictable = std::none_of(places.begin(), places.end(), fuzz::has_wildcard);
+  if (is_predictable) {
     fuzz::expect_equal(first, expected_find_first(find, given.name), "the first file of a name");
     fuzz::expect_equal(by_text, expected_find(find, given.name), "what find finds");
     if (fuzz::divided(given.name).directory.empty()) {
       fuzz::expect_equal(relative, first, "the first file of a relative path without a directory");
     }
   }
-  std::list<FIO_PATH> matches(1);
-  bool const found = find.find_all(given.name, {"v", "", "*"}, &matches, true, true);
-  fuzz::expect(found == (matches.size() > 1) && !matches.empty(), "find_all tells whether it adds", given.name);
+  check_find_all(find, given.name, is_predictable);
   check_walk(find);
 }
 

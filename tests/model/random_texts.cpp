@@ -23,7 +23,6 @@ constexpr std::size_t lengths[] = {20,   254,  255,  256,  257,  258,  500,  511
 constexpr int components[] = {1, 2, 4, 8, 0, 3, 15, 16, -1};
 constexpr int separators[] = {'/', '/', '/', '\\', '\\', '|', ':', 'a', '.', '%', 0xff, 0x80};
 constexpr int letters[] = {'C', 'd', '/', '\\', '.', '%', '\0', 0xe4};
-constexpr int extension_types[] = {-1, -1, 0, 9, 12, 56, 244, 283, -5, 32767};
 constexpr int masks[] = {0, 1, 2, 4, 6, 8, 10, 12, 14, 15, 16, -1};
 constexpr int levels[] = {-1, 0, 1, 2, 3, 5, 200, 1000, 2147483647, -2147483647 - 1};
 constexpr int offsets[] = {0, 1, 2, 5, 100, 1000};
@@ -74,7 +73,7 @@ int step_source::number_for(number_use use) {
   case number_use::letter:
     return one_of(letters);
   case number_use::extension_type:
-    return one_of(extension_types);
+    return one_of(modelled_extension_types);
   case number_use::mask:
     return one_of(masks);
   case number_use::level:

@@ -68,6 +68,9 @@ enum class operation {
 /// What the numbers of a step are.
 enum class number_use { none, component, separator, letter, extension_type, mask, level, length, offset, flag };
 
+/// The extension types that the model knows, "any" twice, and values of none.
+inline constexpr int modelled_extension_types[] = {-1, -1, 0, 9, 12, 56, 244, 283, -5, 32767};
+
 /// One operation with its arguments. Which of them count is the operation's affair.
 struct step {
   operation what = operation::construct;

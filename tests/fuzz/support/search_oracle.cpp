@@ -10,6 +10,7 @@
 
 #include "tests/fuzz/support/check.h"
 #include "tests/fuzz/support/watched_path.h"
+#include "tests/model/wildcard_model.h"
 
 namespace fuzz {
 
@@ -104,6 +105,26 @@ bool stays_inside(std::string const& text) {
 }
 
 bool has_wildcard(std::string const& text) { return text.find_first_of("*?") != std::string::npos; }
+
+std::vector<std::string> matching_entries(std::string const& pattern) {
+  if (!has_wildcard(pattern)) {
+    return leads_anywhere(pattern) ? std::vector{pattern} : std::vector<std::string>();
+  }
+  std::size_t const start = pattern.rfind('/') + 1;
+  std::string const directory = pattern.substr(0, start);
+  std::vector<std::string> names = {".", ".."};
+  std::error_code ignored;
+  for (fs::directory_entry const& entry : fs::directory_iterator(directory, ignored)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::vector<std::string> matches;
+  for (std::string const& name : names) {
+    if (model_same_file(name, pattern.substr(start))) {
+      matches.push_back(directory + name);
+    }
+  }
+  return matches;
+}
 
 bool leads_anywhere(std::string const& text) {
   return text.size() <= longest_path && ::access(text.c_str(), F_OK) == 0;

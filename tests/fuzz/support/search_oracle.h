@@ -27,6 +27,9 @@ bool stays_inside(std::string const& text);
 
 bool has_wildcard(std::string const& text);
 
+/// The paths that a path fits which has wildcards in its last component alone, in no order.
+std::vector<std::string> matching_entries(std::string const& pattern);
+
 /// Whether a text without wildcards leads to something.
 bool leads_anywhere(std::string const& text);
 
