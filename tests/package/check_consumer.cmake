@@ -59,6 +59,9 @@ elseif(WAY STREQUAL "compiler")
 elseif(WAY MATCHES "^(add_subdirectory|fetch_content)$")
   consume(${WAY} -DFROM=${repository})
 
+elseif(WAY STREQUAL "a_unity_build")
+  consume(add_subdirectory -DFROM=${repository} -DCMAKE_UNITY_BUILD=ON)
+
 elseif(WAY STREQUAL "another_package")
   # The same twice: with the library installed, and as a part of the project that exports.
   foreach(from "" ${repository})
