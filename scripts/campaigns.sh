@@ -7,7 +7,7 @@
 . "$(dirname -- "$0")/common.sh"
 
 all="exhaustive_texts random_sequences allocation_sweep system_call_sweep real_faults stress_threads stress_processes \
-power_cuts long_life fuzzing mutation coverage"
+power_cuts long_life fuzzing mutation coverage other_processors"
 update=
 wanted=
 for argument in "$@"; do
@@ -43,6 +43,7 @@ run_campaign() {
   fuzzing) scripts/fuzz.sh 60 ;;
   mutation) sed -n 's/^mutation: /&/p' tests/mutation/report.md ;;
   coverage) scripts/coverage.sh ;;
+  other_processors) scripts/check_elsewhere.sh ;;
   *) "$(find build/release/tests -type f -name "$1")" --full ;;
   esac
 }

@@ -1,0 +1,16 @@
+# Builds for another processor with Debian's cross compiler, as in:
+#
+#   cmake -S . -B BUILD --toolchain cmake/debian_cross.cmake -D CCL_TRIPLE=aarch64-linux-gnu -D CMAKE_SYSROOT=ROOT
+#
+# ROOT has Debian's packages of that processor. What has to run during the build runs under qemu-user.
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CCL_TRIPLE CMAKE_SYSROOT)
+string(REGEX REPLACE "-.*" "" CMAKE_SYSTEM_PROCESSOR "${CCL_TRIPLE}")
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_CXX_COMPILER ${CCL_TRIPLE}-g++)
+set(CMAKE_LIBRARY_ARCHITECTURE ${CCL_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH ${CMAKE_SYSROOT})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-${CMAKE_SYSTEM_PROCESSOR} -L ${CMAKE_SYSROOT})
