@@ -63,9 +63,9 @@ run_tests() {
 
 # Each public header alone, and programs that use them.
 compile_headers() {
-  for standard in 17 20 2b; do
+  for version in 17 20 2b; do
     for source in ccl/*/*.h tests/headers/*ing_errors.cpp tests/headers/using_std.cpp; do
-      "$compiler" -x c++ -std=c++$standard $options -fsyntax-only -Wall -Wextra -Wpedantic -Werror -I. \
+      "$compiler" -x c++ -std=c++$version $options -fsyntax-only -Wall -Wextra -Wpedantic -Werror -I. \
         -include "$source" /dev/null || return 1
     done
   done
