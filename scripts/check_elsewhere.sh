@@ -10,7 +10,7 @@
 programs_of_tests="fio_test platform_test"
 programs_of_the_model="exhaustive_texts random_sequences"
 packages_of_the_root=libc6-dev,libstdc++-12-dev,libboost-dev,libboost-filesystem-dev,libgtest-dev
-longest_run=3600 # seconds; the longest takes a tenth of it
+longest_run=3600 # seconds
 
 # What the emulator makes fail, and not the processor: a test and the reason in each line.
 left_out="platform.reports_an_internal_error_with_its_place_and_aborts: \
