@@ -173,7 +173,7 @@ FIO_EXTENSION_TYPE fio_get_extension_type(std::string const& name) {
   if (text.empty() || text.size() >= sizeof padded || text.back() == '\0') {
     return FIO_EXTENSION_TYPE_INVALID;
   }
-  std::memcpy(padded, text.data(), text.size());
+  std::memcpy(padded, text.data(), text.size()); // NOLINT(bugprone-not-null-terminated-result): the rest is zero
   extension_row const* const row = find_extension(padded);
   return row != nullptr ? row->extension_type : FIO_EXTENSION_TYPE_INVALID;
 }
