@@ -177,10 +177,7 @@ void add_clean(CLI::App& application, invocation& call) {
   clean.add_flag("--follow", given->follow, "enter the directories that symbolic links lead to");
   add_format_options(clean, given->format, "list every file");
   add_names(clean, "a directory to clean with all that is below it; - for standard input");
-  clean.callback([given, &clean, &call] {
-    given->names = required_names_of(clean, call);
-    call.status = run(*given);
-  });
+  run_with_names(clean, call, given->names, [given] { return run(*given); });
 }
 
 } // namespace tool

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include "ccl/fio/fio_path.h"
 #include "tools/ccl-fio/suggestion.h"
@@ -69,12 +70,15 @@ std::vector<std::string> names_of(CLI::App& subcommand, invocation const& call) 
   return names;
 }
 
-std::vector<std::string> required_names_of(CLI::App& subcommand, invocation const& call) {
-  std::vector<std::string> names = names_of(subcommand, call);
-  if (names.empty()) {
-    throw usage_error(subcommand.get_name() + ": NAME is required");
-  }
-  return names;
+void run_with_names(CLI::App& subcommand, invocation& call, std::vector<std::string>& names,
+                    std::function<exit_status()> run) {
+  subcommand.callback([&subcommand, &call, &names, run = std::move(run)] {
+    names = names_of(subcommand, call);
+    if (names.empty()) {
+      throw usage_error(subcommand.get_name() + ": NAME is required");
+    }
+    call.status = run();
+  });
 }
 
 std::vector<std::string> expand_names(std::vector<std::string> const& names, bool zero) {

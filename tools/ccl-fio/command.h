@@ -4,6 +4,7 @@
 #ifndef CCL_TOOLS_COMMAND_H
 #define CCL_TOOLS_COMMAND_H
 
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -54,8 +55,9 @@ void refuse_unknown_options(CLI::App& application);
 /// @throws usage_error if one of them looks like an option
 std::vector<std::string> names_of(CLI::App& subcommand, invocation const& call);
 
-/// The same, of which there has to be one.
-std::vector<std::string> required_names_of(CLI::App& subcommand, invocation const& call);
+/// Lets the subcommand store its names, of which there has to be one, and then run.
+void run_with_names(CLI::App& subcommand, invocation& call, std::vector<std::string>& names,
+                    std::function<exit_status()> run);
 
 /// `names`, with those that standard input holds in the place of a "-": one on each line, which may end as on Windows, or
 /// each ended by a NUL with `zero`. Empty ones are passed over.

@@ -254,10 +254,7 @@ void add_copy(CLI::App& application, invocation& call) {
   copy.add_flag("--follow", given->follow, "follow symbolic links to files and directories");
   add_format_options(copy, given->format, "list every file");
   add_names(copy, "a file, a directory whose contents are copied, or a pattern of files; - for standard input");
-  copy.callback([given, &copy, &call] {
-    given->names = required_names_of(copy, call);
-    call.status = run(*given);
-  });
+  run_with_names(copy, call, given->names, [given] { return run(*given); });
 }
 
 } // namespace tool

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <boost/algorithm/string/split.hpp>
 #include <boost/filesystem/exception.hpp>
 #include <cerrno>
 #include <cstring>
@@ -51,14 +52,8 @@ struct result {
 // Searching
 
 std::vector<std::string> split(std::string const& text, char separator) {
-  std::vector<std::string> parts(1);
-  for (char const character : text) {
-    if (character == separator) {
-      parts.emplace_back();
-    } else {
-      parts.back() += character;
-    }
-  }
+  std::vector<std::string> parts;
+  boost::split(parts, text, [separator](char character) { return character == separator; });
   return parts;
 }
 
@@ -274,10 +269,7 @@ void add_find(CLI::App& application, invocation& call) {
   shadowed->excludes(all)->excludes(includes);
   all->excludes(includes);
   includes->excludes(find.get_option("--long"));
-  find.callback([given, &find, &call] {
-    given->names = required_names_of(find, call);
-    call.status = run(*given);
-  });
+  run_with_names(find, call, given->names, [given] { return run(*given); });
 }
 
 } // namespace tool

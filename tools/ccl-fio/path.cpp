@@ -243,10 +243,7 @@ void add_path(CLI::App& application, invocation& call) {
     path.get_option(operation)->excludes(path.get_option("--long"));
   }
   add_names(path, "a path; - for standard input");
-  path.callback([given, &path, &call] {
-    given->names = required_names_of(path, call);
-    call.status = run(*given);
-  });
+  run_with_names(path, call, given->names, [given] { return run(*given); });
 }
 
 } // namespace tool
