@@ -72,16 +72,6 @@ long resident_bytes() {
   return resident * ::sysconf(_SC_PAGESIZE);
 }
 
-operation_table all_operations() {
-  operation_table table;
-  add_path_operations(table);
-  add_file_operations(table);
-  add_error_operations(table);
-  add_search_operations(table);
-  add_type_operations(table);
-  return table;
-}
-
 class life {
 public:
   explicit life(std::uint64_t seed) : m_engine(seed), m_steps(seed) {

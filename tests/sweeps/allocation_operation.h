@@ -161,4 +161,15 @@ void add_search_operations(operation_table& table);
 void add_type_operations(operation_table& table);
 /// @}
 
+/// The operations of all areas.
+inline operation_table all_operations() {
+  operation_table table;
+  add_path_operations(table);
+  add_file_operations(table);
+  add_error_operations(table);
+  add_search_operations(table);
+  add_type_operations(table);
+  return table;
+}
+
 #endif

@@ -296,12 +296,7 @@ int main() {
   ::unsetenv("fio_old_simplify");
 
   workspace const own_folder;
-  operation_table table;
-  add_path_operations(table);
-  add_file_operations(table);
-  add_error_operations(table);
-  add_search_operations(table);
-  add_type_operations(table);
+  operation_table const table = all_operations();
   for (std::string const& mistake : coverage_mistakes(table, FIO_SYMBOLS)) {
     ++total.wrong;
     std::printf("%s\n", mistake.c_str());
